@@ -1,0 +1,57 @@
+// The common error trap: the composed report, its message box and the ErrorLog.txt entry.
+#pragma once
+
+#include "app/base/prompt.h"
+#include "app/base/vberror.h"
+
+#include <QString>
+#include <functional>
+
+namespace ostravel {
+
+struct ErrorInfo {
+    int number = 0;
+    QString description;
+    int line = 0;  // 0: the error has no line number
+};
+
+// The text of the report, in the order the box shows it.
+QString composeErrorText(const ErrorInfo& error, const QString& place);
+
+// The one log entry: an empty line, then program name, date and time, and the text.
+QString errorLogEntry(const QString& text, double serialNow);
+
+class ErrorReporter {
+public:
+    using EndProgram = std::function<void()>;
+
+    // endProgram runs when the user answers Cancel: the program ends at once, without
+    // compaction. The default ends the process.
+    explicit ErrorReporter(Prompt& prompt, EndProgram endProgram = {});
+
+    // ReportError: shows the box, appends to ErrorLog.txt. An error numbered 0 is none and is
+    // not reported. A log that can't be written is passed over: the box has told the user.
+    void report(const ErrorInfo& error, const QString& place);
+    void report(const VbError& error, const QString& place);
+
+    Prompt& prompt() { return m_prompt; }
+
+private:
+    Prompt& m_prompt;
+    EndProgram m_endProgram;
+};
+
+// Runs one statement of a procedure with the common trap: an error goes to the reporter with
+// the procedure's place, and the procedure goes on. Returns whether the statement ran clean.
+template <class Statement>
+bool trapped(ErrorReporter& reporter, const QString& place, Statement&& statement) {
+    try {
+        statement();
+        return true;
+    } catch (const VbError& e) {
+        reporter.report(e, place);
+        return false;
+    }
+}
+
+}  // namespace ostravel

@@ -1,0 +1,50 @@
+// Main: the single-instance test, the store, the splash, then the frame.
+#include "app/base/apppath.h"
+#include "app/program.h"
+#include "app/program_folder.h"
+#include "app/single_instance.h"
+#include "app/ui/mdiform1_view.h"
+#include "app/ui/qt_prompt.h"
+#include "app/ui/splash_view.h"
+
+#include <QApplication>
+#include <QDir>
+
+using namespace ostravel;
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Ostravel"));
+    QApplication::setApplicationName(QStringLiteral("Ostravel"));
+
+    QtPrompt prompt;
+    QDir().mkpath(appPath());
+    const SingleInstance instance(appFile(QStringLiteral("ostravel.lock")));
+    if (refuseSecondInstance(instance, prompt))
+        return 1;
+
+    if (const QString problem = prepareProgramFolder(); !problem.isEmpty()) {
+        prompt.message(problem, Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
+        return 1;
+    }
+
+    Program program(prompt);
+    try {
+        program.store().connection();
+    } catch (const DatabaseUnusable& e) {
+        // A database that can't be read is left exactly as it is for the user to recover.
+        prompt.message(e.message(), Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
+        return 1;
+    }
+
+    MDIForm1View* frame = nullptr;
+    frmSplash splash(program);
+    QObject::connect(&splash, &frmSplash::showFrame, [&] {
+        frame = new MDIForm1View(program);
+        frame->setAttribute(Qt::WA_DeleteOnClose);
+        prompt.setParentWindow(frame);
+        frame->show();
+    });
+    splash.show();
+    return app.exec();
+}

@@ -1,0 +1,10 @@
+// The manual, opened from Help - Help.
+#pragma once
+
+class QWidget;
+
+namespace ostravel {
+
+void showHelpWindow(QWidget* frame);
+
+}  // namespace ostravel

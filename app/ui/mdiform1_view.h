@@ -1,0 +1,57 @@
+// The main frame: menu, cool bar with the selection boxes, the area for child windows, and
+// the status bar. It mirrors MainFrame's state and forwards the user's actions to it.
+#pragma once
+
+#include <QMainWindow>
+#include <QHash>
+#include <array>
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QMdiArea;
+class QPushButton;
+
+namespace ostravel {
+
+class Program;
+struct MenuItem;
+
+class MDIForm1View : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MDIForm1View(Program& program, QWidget* parent = nullptr);
+
+    QMdiArea* mdiArea() const { return m_mdi; }
+    // Shows a screen as a child window placed by PosForm.
+    void showChild(QWidget* screen);
+    QAction* action(const QString& name) const { return m_actions.value(name); }
+
+    // Mirrors the frame's state into the widgets.
+    void refresh();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildMenus();
+    void addMenuItems(QWidget* menu, const QList<MenuItem>& items);
+    void buildCoolBar();
+    void buildStatusBar();
+    void updatePanels();
+    void connectMenu();
+    void onExit();
+    void showQuickIfWanted();
+
+    Program& m_program;
+    QMdiArea* m_mdi = nullptr;
+    QHash<QString, QAction*> m_actions;
+    QComboBox* m_cmbportfolio = nullptr;
+    QComboBox* m_Cmbequityname = nullptr;
+    QComboBox* m_cmbequity = nullptr;
+    std::array<QLabel*, 6> m_panels{};
+    bool m_exiting = false;
+};
+
+}  // namespace ostravel

@@ -1,0 +1,18 @@
+#include "app/ui/rich_text_box.h"
+
+#include "app/base/vberror.h"
+#include "app/rtfreader.h"
+
+#include <QFile>
+#include <QTextBrowser>
+
+namespace ostravel {
+
+void loadRichText(QTextBrowser* box, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        raise(err::PathFileAccess);
+    box->setHtml(rtfToHtml(file.readAll()));
+}
+
+}  // namespace ostravel

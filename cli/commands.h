@@ -1,0 +1,12 @@
+// The subcommands of ostravel-cli; each works on the program folder given with --folder.
+#pragma once
+
+#include <QStringList>
+
+namespace ostravel::cli {
+
+// args: the words after the subcommand's name. Each returns the process's exit code.
+int info(const QStringList& args);
+int he3(const QStringList& args);
+
+}  // namespace ostravel::cli

@@ -1,0 +1,41 @@
+// ostravel-cli: the program's headless jobs, for scripts and scheduled runs.
+#include "app/base/apppath.h"
+#include "cli/commands.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTextStream>
+
+#include <functional>
+#include <map>
+
+namespace {
+
+int usage() {
+    QTextStream(stderr) << "usage: ostravel-cli [--folder DIR] info\n"
+                           "       ostravel-cli he3 pack|unpack IN OUT\n";
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+
+    if (args.size() >= 2 && args.front() == QLatin1String("--folder")) {
+        ostravel::setAppPath(QDir(args.at(1)).absolutePath());
+        args = args.mid(2);
+    }
+    if (args.isEmpty())
+        return usage();
+
+    const std::map<QString, std::function<int(const QStringList&)>> commands = {
+        {QStringLiteral("info"), ostravel::cli::info},
+        {QStringLiteral("he3"), ostravel::cli::he3},
+    };
+    const auto found = commands.find(args.front());
+    if (found == commands.end())
+        return usage();
+    return found->second(args.mid(1));
+}

@@ -1,0 +1,172 @@
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/menu_tree.h"
+#include "app/program.h"
+#include "app/program_folder.h"
+#include "app/ui/mdiform1_view.h"
+#include "app/ui/quick_view.h"
+#include "app/ui/splash_view.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+
+using namespace ostravel;
+
+class FrameScreenTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        m_dir = std::make_unique<QTemporaryDir>();
+        setAppPath(m_dir->path());
+        QVERIFY(prepareProgramFolder().isEmpty());
+        m_prompt = std::make_unique<ScriptedPrompt>();
+        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
+        m_program->store().connection();
+    }
+    void cleanup() {
+        m_program.reset();
+        m_prompt.reset();
+        m_dir.reset();
+    }
+
+    void frameOpensOnSimulationWithTheCoolBarInOrder() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        auto* portfolio = frame.findChild<QComboBox*>(QStringLiteral("cmbportfolio"));
+        QCOMPARE(portfolio->count(), 1);
+        QCOMPARE(portfolio->currentText(), QStringLiteral("Simulation"));
+        QCOMPARE(frame.windowTitle(), m_program->frame().caption);
+
+        const QStringList order = {QStringLiteral("Command3"),         QStringLiteral("cmbportfolio"),
+                                   QStringLiteral("Cmbequityname"),    QStringLiteral("cmbequity"),
+                                   QStringLiteral("Command1"),         QStringLiteral("cmdupdatehistory"),
+                                   QStringLiteral("cdmrunsimulation"), QStringLiteral("cmdonlinestatus"),
+                                   QStringLiteral("cmdticker")};
+        int lastX = -1;
+        for (const QString& name : order) {
+            auto* w = frame.findChild<QWidget*>(name);
+            QVERIFY2(w, qPrintable(name));
+            const int x = w->mapTo(&frame, QPoint(0, 0)).x();
+            QVERIFY2(x > lastX, qPrintable(name));
+            lastX = x;
+        }
+        QCOMPARE(frame.findChild<QComboBox*>(QStringLiteral("cmbequity"))->toolTip(),
+                 QStringLiteral("Write the correct code if you know the code eg.  hindpetro.ns"));
+        QCOMPARE(frame.findChildren<QLabel*>(QRegularExpression(QStringLiteral("^panel\\d$"))).size(), 6);
+    }
+
+    void menuHoldsTheWholeTreeWithUnbuiltScreensDisabled() {
+        MDIForm1View frame(*m_program);
+        QStringList tops;
+        for (QAction* a : frame.menuBar()->actions())
+            tops << a->text();
+        QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Portfolio"), QStringLiteral("&Equity"),
+                                    QStringLiteral("Technical Analysis"), QStringLiteral("T&ools"),
+                                    QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
+        QVERIFY(frame.action(QStringLiteral("Exit"))->isEnabled());
+        QVERIFY(frame.action(QStringLiteral("mnucalc"))->isEnabled());
+        QVERIFY(frame.action(QStringLiteral("mnykbhelp"))->isEnabled());
+        QVERIFY(!frame.action(QStringLiteral("AddNewEquity"))->isEnabled());
+        QCOMPARE(frame.action(QStringLiteral("StockPriceChart"))->text(), QStringLiteral("Tecnical Charts"));
+        QCOMPARE(frame.action(QStringLiteral("createnewport"))->text(), QStringLiteral("Create &New  Portfolio "));
+        QVERIFY(frame.action(QStringLiteral("mnudepositcash")));
+    }
+
+    void codeBoxTypingFindsTheCompany() {
+        MDIForm1View frame(*m_program);
+        auto* code = frame.findChild<QComboBox*>(QStringLiteral("cmbequity"));
+        code->lineEdit()->clear();
+        QTest::keyClicks(code->lineEdit(), QStringLiteral("TCS.NS"));
+        QCOMPARE(m_program->frame().caption, QStringLiteral("Tata Consultancy Services Limited"));
+        QCOMPARE(frame.findChild<QComboBox*>(QStringLiteral("Cmbequityname"))->currentText(),
+                 QStringLiteral("Tata Consultancy Services Limited"));
+        QCOMPARE(frame.windowTitle(), QStringLiteral("Tata Consultancy Services Limited"));
+    }
+
+    void closeButtonIsRefusedWithItsMessage() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        QVERIFY(!frame.close());
+        QVERIFY(frame.isVisible());
+        QCOMPARE(m_prompt->messages(), QStringList{QStringLiteral("Please Close from File- Exit")});
+    }
+
+    void exitWithNoKeepsWorking() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        m_prompt->answer(Answer::No);
+        frame.action(QStringLiteral("Exit"))->trigger();
+        QVERIFY(frame.isVisible());
+        QVERIFY(m_prompt->allAnswered());
+        QVERIFY(!m_program->store().users->eof());
+    }
+
+    void calculatorAndKeyboardHelpOpenAsChildren() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        frame.action(QStringLiteral("mnucalc"))->trigger();
+        frame.action(QStringLiteral("mnykbhelp"))->trigger();
+        QStringList names;
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+            names << sub->widget()->objectName();
+        QCOMPARE(names, (QStringList{QStringLiteral("calc"), QStringLiteral("FRM_KEYBOARD_HELP")}));
+        QCOMPARE(frame.mdiArea()->subWindowList().front()->pos(), QPoint(0, 0));
+    }
+
+    void quickShowsItsTextAndWritesItsSetting() {
+        quick screen(*m_program);
+        QVERIFY(!screen.findChild<QTextBrowser*>(QStringLiteral("RichTextBox1"))->toPlainText().isEmpty());
+        auto* check = screen.findChild<QCheckBox*>(QStringLiteral("Check1"));
+        QCOMPARE(check->text(), QStringLiteral("Show This screen at Startup"));
+        QVERIFY(!quick::wantedAtStart(*m_program));
+        check->setChecked(true);
+        QVERIFY(quick::wantedAtStart(*m_program));
+        QCOMPARE(m_program->store().users->field(QStringLiteral("QUICK")).toDouble(), 1.0);
+        QVERIFY(m_prompt->asked().isEmpty());
+    }
+
+    void splashGoesOnWithAKeyAndStopsWithEscape() {
+        {
+            frmSplash splash(*m_program);
+            QSignalSpy shown(&splash, &frmSplash::showFrame);
+            splash.show();
+            QCOMPARE(splash.findChild<QLabel*>(QStringLiteral("productversion"))->text(), QStringLiteral("Ver 1.0"));
+            QTest::keyClick(&splash, Qt::Key_A);
+            QCOMPARE(shown.count(), 1);
+            QVERIFY(!splash.isVisible());
+        }
+        {
+            frmSplash splash(*m_program);
+            QSignalSpy shown(&splash, &frmSplash::showFrame);
+            splash.show();
+            QTest::keyClick(&splash, Qt::Key_Escape);
+            QCOMPARE(shown.count(), 0);
+            QVERIFY(!splash.isVisible());
+        }
+        {
+            frmSplash splash(*m_program);
+            QSignalSpy shown(&splash, &frmSplash::showFrame);
+            splash.show();
+            QVERIFY(shown.wait(3000));  // two seconds, then the frame
+        }
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<ScriptedPrompt> m_prompt;
+    std::unique_ptr<Program> m_program;
+};
+
+QTEST_MAIN(FrameScreenTest)
+#include "frame_screen_test.moc"

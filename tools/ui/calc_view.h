@@ -1,0 +1,26 @@
+// calc: the calculator window over Calculator.
+#pragma once
+
+#include "tools/calculator.h"
+
+#include <QWidget>
+
+class QLineEdit;
+
+namespace ostravel {
+
+class calc : public QWidget {
+    Q_OBJECT
+public:
+    explicit calc(QWidget* parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void press(const QString& key);
+    Calculator m_calculator;
+    QLineEdit* m_txtdisplay;
+};
+
+}  // namespace ostravel

@@ -1,0 +1,34 @@
+#include "tools/ui/keyboard_help_view.h"
+
+#include "tools/keyboard_help.h"
+
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace ostravel {
+
+FRM_KEYBOARD_HELP::FRM_KEYBOARD_HELP(QWidget* parent) : QWidget(parent) {
+    setObjectName(QStringLiteral("FRM_KEYBOARD_HELP"));
+    setWindowTitle(QStringLiteral("Keyboard Help"));
+    setProperty("keepsSize", true);
+
+    const QList<KeyHelpRow> rows = keyboardHelpRows();
+    auto* grid = new QTableWidget(int(rows.size()), 2, this);
+    grid->setObjectName(QStringLiteral("MSFlexGrid1"));
+    grid->setHorizontalHeaderLabels({QStringLiteral("Key"), QStringLiteral("Action")});
+    grid->verticalHeader()->hide();
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    for (int r = 0; r < rows.size(); ++r) {
+        grid->setItem(r, 0, new QTableWidgetItem(rows[r].key));
+        grid->setItem(r, 1, new QTableWidgetItem(rows[r].action));
+    }
+    grid->resizeColumnsToContents();
+    grid->horizontalHeader()->setStretchLastSection(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(grid);
+    resize(560, 460);
+}
+
+}  // namespace ostravel
