@@ -1,0 +1,158 @@
+#include "store/fieldvalue.h"
+
+#include "app/base/vbdate.h"
+#include "app/base/vberror.h"
+
+#include <sqlite3.h>
+
+#include <QRegularExpression>
+
+namespace ostravel {
+
+namespace {
+
+constexpr double kSecondsPerDay = 86400.0;
+
+QString columnText(sqlite3_stmt* statement, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+[[noreturn]] void conversionError() { raise(err::DataTypeConversion); }
+
+Variant numberFrom(const Variant& value) {
+    if (value.kind() == Variant::Kind::String && !value.isNumeric())
+        conversionError();
+    return Variant(value.toDouble());
+}
+
+}  // namespace
+
+FieldKind fieldKindOf(const char* declaredType) {
+    if (declaredType == nullptr)
+        return FieldKind::Untyped;
+    const QString type = QString::fromUtf8(declaredType).toUpper();
+    if (type.contains(QLatin1String("INT")))
+        return FieldKind::Integer;
+    if (type.contains(QLatin1String("DATE")) || type.contains(QLatin1String("TIME")))
+        return FieldKind::Date;
+    if (type.contains(QLatin1String("CHAR")) || type.contains(QLatin1String("TEXT")) ||
+        type.contains(QLatin1String("CLOB")))
+        return FieldKind::Text;
+    if (type.isEmpty())
+        return FieldKind::Untyped;
+    return FieldKind::Real;
+}
+
+QString isoDateText(double serial) {
+    const QDateTime moment = serialToDateTime(serial);
+    if (moment.time() == QTime(0, 0))
+        return moment.date().toString(QStringLiteral("yyyy-MM-dd"));
+    return moment.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
+}
+
+std::optional<double> parseIsoDate(const QString& text) {
+    static const QRegularExpression pattern(
+        QStringLiteral("^(\\d{4})-(\\d{2})-(\\d{2})(?:[ T](\\d{2}):(\\d{2})(?::(\\d{2}))?)?$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const QDate day(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
+    if (!day.isValid())
+        return std::nullopt;
+    double serial = dateSerial(day);
+    if (!match.captured(4).isEmpty()) {
+        const QTime time(match.captured(4).toInt(), match.captured(5).toInt(), match.captured(6).toInt());
+        if (!time.isValid())
+            return std::nullopt;
+        const double fraction = time.msecsSinceStartOfDay() / 1000.0 / kSecondsPerDay;
+        serial = serial < 0 ? serial - fraction : serial + fraction;
+    }
+    return serial;
+}
+
+Variant readField(sqlite3_stmt* statement, int column, FieldKind kind) {
+    const int stored = sqlite3_column_type(statement, column);
+    if (stored == SQLITE_NULL)
+        return Variant::null();
+    switch (kind) {
+    case FieldKind::Date:
+        if (stored == SQLITE_TEXT) {
+            const QString text = columnText(statement, column);
+            if (const std::optional<double> serial = parseIsoDate(text))
+                return Variant::date(*serial);
+            if (const std::optional<double> serial = parseDate(text))
+                return Variant::date(*serial);
+            return Variant(text);
+        }
+        return Variant::date(sqlite3_column_double(statement, column));
+    case FieldKind::Text:
+        return Variant(columnText(statement, column));
+    case FieldKind::Integer:
+    case FieldKind::Real:
+    case FieldKind::Untyped:
+        break;
+    }
+    switch (stored) {
+    case SQLITE_INTEGER:
+        if (kind == FieldKind::Real)
+            return Variant(sqlite3_column_double(statement, column));
+        return Variant(static_cast<std::int64_t>(sqlite3_column_int64(statement, column)));
+    case SQLITE_FLOAT:
+        return Variant(sqlite3_column_double(statement, column));
+    default:
+        return Variant(columnText(statement, column));
+    }
+}
+
+Variant toFieldValue(const Variant& value, FieldKind kind) {
+    if (value.isNull() || value.isEmpty())
+        return Variant::null();
+    switch (kind) {
+    case FieldKind::Integer:
+        return Variant(numberFrom(value).toLong());
+    case FieldKind::Real:
+        return numberFrom(value);
+    case FieldKind::Date:
+        if (value.kind() == Variant::Kind::String) {
+            const std::optional<double> serial = parseDate(value.toString());
+            if (!serial)
+                conversionError();
+            return Variant::date(*serial);
+        }
+        return Variant::date(value.toDouble());
+    case FieldKind::Text:
+        return Variant(value.toString());
+    case FieldKind::Untyped:
+        break;
+    }
+    return value;
+}
+
+void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
+    switch (value.kind()) {
+    case Variant::Kind::Empty:
+    case Variant::Kind::Null:
+        sqlite3_bind_null(statement, index);
+        return;
+    case Variant::Kind::Boolean:
+    case Variant::Kind::Long:
+        sqlite3_bind_int64(statement, index, value.toLong());
+        return;
+    case Variant::Kind::Double:
+        sqlite3_bind_double(statement, index, value.toDouble());
+        return;
+    case Variant::Kind::String: {
+        const QByteArray text = value.toString().toUtf8();
+        sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        return;
+    }
+    case Variant::Kind::Date: {
+        const QByteArray text = isoDateText(value.toDouble()).toUtf8();
+        sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        return;
+    }
+    }
+}
+
+}  // namespace ostravel

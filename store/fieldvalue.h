@@ -1,0 +1,35 @@
+// How a column's value travels between SQLite and the program's Variant: dates are kept as ISO
+// text so that "order by date" is chronological, and a value written to a column is converted
+// by the column's declared type the way the store converts text typed into a box.
+#pragma once
+
+#include "app/base/variant.h"
+
+#include <QString>
+#include <optional>
+
+struct sqlite3_stmt;
+
+namespace ostravel {
+
+// Untyped: a computed column, read by what SQLite holds.
+enum class FieldKind { Integer, Real, Text, Date, Untyped };
+
+FieldKind fieldKindOf(const char* declaredType);
+
+// "yyyy-MM-dd", or "yyyy-MM-dd hh:mm:ss" when the serial has a time of day.
+QString isoDateText(double serial);
+std::optional<double> parseIsoDate(const QString& text);
+
+// Column i of the statement's current row; a missing value is Null.
+Variant readField(sqlite3_stmt* statement, int column, FieldKind kind);
+
+// The value a column of that kind keeps for what the program assigns: numbers and numeric
+// texts to number columns, dates and date texts to date columns, anything to text columns.
+// Null and Empty stay Null; anything else raises 3421.
+Variant toFieldValue(const Variant& value, FieldKind kind);
+
+// Binds a value as toFieldValue gives it; dates go in as ISO text.
+void bindField(sqlite3_stmt* statement, int index, const Variant& value);
+
+}  // namespace ostravel

@@ -1,0 +1,78 @@
+#include "store/store.h"
+
+#include "app/base/apppath.h"
+#include "app/base/reporterror.h"
+#include "store/compaction.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <utility>
+#include <vector>
+
+namespace ostravel {
+
+namespace {
+
+const QString kPlace = QStringLiteral("(Module) Module1::Sub connection");
+
+}  // namespace
+
+void openLiveDatabase(Database& database, const QString& path) {
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    recoverCompactionCopy(path);
+    if (QFileInfo::exists(path))
+        database.open(path);
+    else
+        database.create(path);
+}
+
+Store::Store(ErrorReporter& reporter) : m_reporter(reporter) {}
+
+void Store::resetRecordsets() {
+    for (std::shared_ptr<Recordset>* recordset : {&users, &portfolio, &trades, &equity, &qoutense, &NiftyQuote,
+                                                  &currentprice, &simulation, &compare, &niftyquote, &bank,
+                                                  &transaction_})
+        recordset->reset();
+}
+
+void Store::connection() {
+    resetRecordsets();
+    QDir().mkpath(appFile(kDailyHistoryFolder));
+
+    // Screens that reset their data call this with the database still open: it stays open.
+    if (!m_database.isOpen()) {
+        try {
+            openLiveDatabase(m_database, appFile(kLiveDatabase));
+        } catch (const DatabaseUnusable&) {
+            throw;
+        } catch (const VbError& error) {
+            m_reporter.report(error, kPlace);
+        }
+    }
+
+    const std::vector<std::pair<std::shared_ptr<Recordset>*, QString>> tables = {
+        {&users, QStringLiteral("users")},
+        {&portfolio, QStringLiteral("portfolio")},
+        {&trades, QStringLiteral("trades")},
+        {&equity, QStringLiteral("equity")},
+        {&qoutense, QStringLiteral("qoutense")},
+        {&NiftyQuote, QStringLiteral("NiftyQuote")},
+        {&currentprice, QStringLiteral("currentprice")},
+        {&simulation, QStringLiteral("simulation")},
+        {&compare, QStringLiteral("compare")},
+        {&niftyquote, QStringLiteral("niftyquote")},
+        {&bank, QStringLiteral("bank")},
+        {&transaction_, QStringLiteral("transaction")},
+    };
+    for (const auto& [recordset, table] : tables)
+        trapped(m_reporter, kPlace, [&] { *recordset = m_database.openRecordset(table); });
+    trapped(m_reporter, kPlace, [&] { m_database.execute(QStringLiteral("Delete * from simulation")); });
+}
+
+void Store::closeDatabase() {
+    resetRecordsets();
+    m_database.close();
+}
+
+}  // namespace ostravel

@@ -1,0 +1,56 @@
+// The module-level state of the store: the live database and the recordsets that connection
+// opens for the whole run, under the names of their tables.
+#pragma once
+
+#include "store/database.h"
+#include "store/recordset.h"
+
+#include <QString>
+#include <memory>
+
+namespace ostravel {
+
+class ErrorReporter;
+
+// Where the program keeps its files, below App.Path.
+inline const QString kLiveDatabase = QStringLiteral("database/ostravel.mdb");
+inline const QString kDailyHistoryFolder = QStringLiteral("history/daily");
+
+// Opens the live file, first taking back a copy that an interrupted compaction left in its
+// place, and makes a new one with every table, and its folder, when there is none.
+void openLiveDatabase(Database& database, const QString& path);
+
+class Store {
+public:
+    explicit Store(ErrorReporter& reporter);
+
+    // Opens the database and the recordsets below, in their order, and empties simulation.
+    // A failing step goes to the error log and the next one runs; a file that is no database
+    // or is damaged raises DatabaseUnusable, and is left as it is.
+    void connection();
+    // Closes the database; the recordsets go with it.
+    void closeDatabase();
+
+    Database& database() { return m_database; }
+
+    std::shared_ptr<Recordset> users;
+    std::shared_ptr<Recordset> portfolio;
+    std::shared_ptr<Recordset> trades;
+    std::shared_ptr<Recordset> equity;
+    std::shared_ptr<Recordset> qoutense;
+    std::shared_ptr<Recordset> NiftyQuote;
+    std::shared_ptr<Recordset> currentprice;
+    std::shared_ptr<Recordset> simulation;
+    std::shared_ptr<Recordset> compare;
+    std::shared_ptr<Recordset> niftyquote;
+    std::shared_ptr<Recordset> bank;
+    std::shared_ptr<Recordset> transaction_;
+
+private:
+    void resetRecordsets();
+
+    ErrorReporter& m_reporter;
+    Database m_database;
+};
+
+}  // namespace ostravel
