@@ -25,7 +25,7 @@ void MainFrame::MDIForm_Load() {
     ErrorReporter& reporter = m_program.reporter();
     Store& store = m_program.store();
 
-    trapped(reporter, kLoadPlace, [&] { store.db().execute(QStringLiteral("Delete * from simulation")); });
+    trapped(reporter, kLoadPlace, [&] { store.database().execute(QStringLiteral("Delete * from simulation")); });
 
     cmbportfolio.items = {kSimulation};
     trapped(reporter, kLoadPlace, [&] {
@@ -37,7 +37,7 @@ void MainFrame::MDIForm_Load() {
     });
 
     trapped(reporter, kLoadPlace, [&] {
-        store.niftyquote = store.db().openRecordset(QStringLiteral("Select distinct name from qoutense"));
+        store.niftyquote = store.database().openRecordset(QStringLiteral("Select distinct name from qoutense"));
         Cmbequityname.items.clear();
         for (; !store.niftyquote->eof(); store.niftyquote->moveNext())
             Cmbequityname.items << store.niftyquote->field(0).toString();
@@ -68,7 +68,7 @@ void MainFrame::cmbportfolio_Change() {
 void MainFrame::Cmbequityname_Click() {
     // A name that isn't in the symbol list leaves the code as it was.
     try {
-        auto rs = m_program.store().db().openRecordset(QStringLiteral("select ticker from qoutense where name='") +
+        auto rs = m_program.store().database().openRecordset(QStringLiteral("select ticker from qoutense where name='") +
                                                        sqlText(Cmbequityname.text) + QStringLiteral("';"));
         cmbequity = rs->field(0).toString() + QStringLiteral(".NS");
     } catch (const VbError&) {
@@ -81,7 +81,7 @@ void MainFrame::cmbequity_Change() {
     // A code that isn't in the symbol list gives a blank name.
     QString name;
     try {
-        auto rs = m_program.store().db().openRecordset(QStringLiteral("select name from qoutense where ticker='") +
+        auto rs = m_program.store().database().openRecordset(QStringLiteral("select name from qoutense where ticker='") +
                                                        sqlText(equitySymbol()) + QStringLiteral("';"));
         if (!rs->eof())
             name = rs->field(0).toString();
@@ -104,11 +104,15 @@ bool MainFrame::Exit() {
     Store& store = m_program.store();
     // Every step passes its errors over: the exit question comes whatever happened before it.
     try {
-        store.db().execute(QStringLiteral("delete * from simulation"));
+        store.database().execute(QStringLiteral("delete * from simulation"));
     } catch (const VbError&) {
     }
     store.closeDatabase();
-    compactOnExit(appFile(QStringLiteral("database/ostravel.mdb")), appFile(QStringLiteral("database/ostraveltemp.mdb")));
+    try {
+        compactDatabase(appFile(kLiveDatabase));
+    } catch (const VbError&) {
+        // A compaction that can't be done leaves the live file as it was.
+    }
 
     const Answer answer = m_program.prompt().message(QStringLiteral("Do you really want to exit program?"),
                                                      Buttons::YesNo, Icon::Question,

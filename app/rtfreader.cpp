@@ -53,7 +53,9 @@ public:
     }
     void paragraph() {
         closeSpan();
-        m_html += QStringLiteral("<p>") + m_paragraph + QStringLiteral("</p>\n");
+        // An empty paragraph is a blank line in the text; the browser would collapse it.
+        m_html += QStringLiteral("<p>") + (m_paragraph.isEmpty() ? QStringLiteral("&nbsp;") : m_paragraph) +
+                  QStringLiteral("</p>\n");
         m_paragraph.clear();
     }
     QString finish() {
@@ -165,6 +167,8 @@ QString rtfToHtml(const QByteArray& rtf) {
                         flush();
                         out.lineBreak();
                     }
+                } else if (word == QLatin1String("bullet")) {
+                    emitChar(QChar(0x2022));
                 } else if (word == QLatin1String("tab")) {
                     emitChar(QLatin1Char('\t'));
                 } else if (word == QLatin1String("u") && hasParam) {

@@ -22,10 +22,10 @@ protected:
     Store& store() { return m_program.store(); }
     MainFrame& frame() { return m_program.frame(); }
     int count(const QString& table) {
-        return int(store().db().openRecordset(QStringLiteral("select count(*) from ") + table)->field(0).toLong());
+        return int(store().database().openRecordset(QStringLiteral("select count(*) from ") + table)->field(0).toLong());
     }
     void addPortfolio(const QString& name) {
-        store().db().execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, '") +
+        store().database().execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, '") +
                              sqlText(name) + QStringLiteral("', '2020-01-01')"));
     }
 
@@ -57,7 +57,7 @@ TEST_F(MainFrameTest, PortfoliosFollowSimulationInTableOrder) {
 }
 
 TEST_F(MainFrameTest, LoadEmptiesTheSimulationTable) {
-    store().db().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values ('2020-01-01', 10, 'X')"));
+    store().database().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values ('2020-01-01', 10, 'X')"));
     ASSERT_EQ(count(QStringLiteral("simulation")), 1);
     frame().MDIForm_Load();
     EXPECT_EQ(count(QStringLiteral("simulation")), 0);
@@ -126,11 +126,12 @@ TEST_F(MainFrameTest, ExitCompactsThenAsksAndNoReopens) {
     const QString live = m_dir.filePath(QStringLiteral("database/ostravel.mdb"));
     // Fill and empty a table so that the file holds free space for the compaction to drop.
     {
-        Transaction t(store().db());
+        Transaction t(store().database());
         for (int i = 0; i < 3000; ++i)
-            store().db().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values "
+            store().database().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values "
                                                 "('2020-01-01', %1, 'SOME LONG SYMBOL TEXT TO TAKE ROOM')")
                                      .arg(i));
+        t.commit();
     }
     addPortfolio(QStringLiteral("Kept"));
     const qint64 before = QFileInfo(live).size();

@@ -28,8 +28,9 @@ TEST(RtfReader, ShowsTextAndPassesOverDestinations) {
     for (const RtfCase& c : cases) {
         const QString html = rtfToHtml(QByteArray(c.rtf));
         EXPECT_TRUE(html.contains(QString::fromUtf8(c.mustContain))) << c.rtf << "\n" << html.toStdString();
-        if (c.mustNotContain)
+        if (c.mustNotContain) {
             EXPECT_FALSE(html.contains(QString::fromUtf8(c.mustNotContain))) << c.rtf << "\n" << html.toStdString();
+        }
     }
 }
 
