@@ -33,7 +33,10 @@ int main(int argc, char** argv) {
         program.store().connection();
     } catch (const DatabaseUnusable& e) {
         // A database that can't be read is left exactly as it is for the user to recover.
-        prompt.message(e.description(), Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
+        prompt.message(e.description() +
+                           QStringLiteral("\n\nOstravel has not changed this file. Move it away or restore a backup "
+                                          "in its place, then start Ostravel again."),
+                       Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
         return 1;
     }
 

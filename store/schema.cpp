@@ -40,12 +40,12 @@ ColumnSpec spare(int position) {
 std::vector<TableSpec> buildTables() {
     std::vector<TableSpec> tables;
     tables.push_back({QStringLiteral("users"),
-                      {autoNumber("pkUserID"), real("BeginningCash"), integer("QuoteDL"),
+                      {autoNumber("pkUserID"), real("BeginningCash", "0"), integer("QuoteDL", "0"),
                        text("LastName", "'Enter your surname'"), text("FirstName", "'Enter your name'"),
                        real("MinTradeSell", "1000"), real("MinTradeBuy", "1000"), real("MinTradeBuySh", "1"),
                        real("MinTradeSellSh", "1"), real("BuyFee", "0.85"), real("SellFee", "0.85"),
                        real("ResistBuy", "10"), real("ResistSell", "10"), real("SpareSetting"), text("eMail"),
-                       integer("HistoryDL"), real("SecondsForQuote"), integer("QUICK"), spare(18), spare(19),
+                       integer("HistoryDL", "0"), real("SecondsForQuote", "30"), integer("QUICK", "1"), spare(18), spare(19),
                        spare(20), spare(21), spare(22), real("BeginningShares", "500")},
                       {},
                       {}});

@@ -91,7 +91,11 @@ TEST(Schema, NewFileHasTheOneUsersRowOfDefaults) {
         {"BuyFee", Variant(0.85)},                  {"SellFee", Variant(0.85)},
         {"ResistBuy", Variant(10.0)},               {"ResistSell", Variant(10.0)},
         {"BeginningShares", Variant(500.0)},        {"pkUserID", Variant(std::int64_t{1})},
-        {"eMail", Variant::null()},                 {"SpareSetting", Variant::null()}};
+        {"eMail", Variant::null()},                 {"SpareSetting", Variant::null()},
+        // Settings whose boxes would otherwise open empty and fail to save as numbers.
+        {"BeginningCash", Variant(0.0)},            {"QuoteDL", Variant(std::int64_t{0})},
+        {"HistoryDL", Variant(std::int64_t{0})},    {"SecondsForQuote", Variant(30.0)},
+        {"QUICK", Variant(std::int64_t{1})}};
     for (const auto& [column, value] : defaults)
         EXPECT_EQ(users->field(QString::fromLatin1(column)), value) << column;
 }
