@@ -82,7 +82,7 @@ std::vector<TableSpec> buildTables() {
                       {},
                       {QStringLiteral("fkPortfolioID"), QStringLiteral("EquitySymbol, portname")}});
     tables.push_back({QStringLiteral("trades"),
-                      {autoNumber("pktradeid"), key("fkequityid", "equity(pkEquityID)"), text("EquitySymbol"),
+                      {autoNumber("pktradeid"), integer("fkequityid"), text("EquitySymbol"),
                        date("TradeDate"), real("Tradedshares"), real("PricePerShare"), real("Commission"),
                        text("Buyselltype"), real("TradeQuotePrice"), spare(9), spare(10), spare(11), spare(12),
                        spare(13), spare(14), text("portname")},
@@ -93,7 +93,7 @@ std::vector<TableSpec> buildTables() {
                       {},
                       {QStringLiteral("ticker"), QStringLiteral("name")}});
     tables.push_back({QStringLiteral("currentprice"),
-                      {real("price"), date("date"), text("equitysymbol"), key("fkequityid", "equity(pkEquityID)")},
+                      {real("price"), date("date"), text("equitysymbol"), integer("fkequityid")},
                       {},
                       {QStringLiteral("fkequityid"), QStringLiteral("equitysymbol")}});
     tables.push_back({QStringLiteral("simulation"),
@@ -196,6 +196,14 @@ void createSchema(SqliteConnection& connection) {
                            quotedColumns.join(QStringLiteral(", ")) + QLatin1Char(')'));
         }
     }
+    // A deleted portfolio takes its holdings along (by key), and their trades and prices with
+    // them. A holding deleted on its own leaves its trades: the trade screen's Close removes a
+    // symbol's holdings in every portfolio, and the ledger of the others must survive that.
+    connection.run(QStringLiteral(
+        "CREATE TRIGGER portfolio_takes_its_ledger BEFORE DELETE ON portfolio BEGIN "
+        "DELETE FROM trades WHERE fkequityid IN (SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); "
+        "DELETE FROM currentprice WHERE fkequityid IN "
+        "(SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); END"));
     connection.run(QStringLiteral("INSERT INTO users DEFAULT VALUES"));
     fillSymbolList(connection);
 }

@@ -158,14 +158,16 @@ TEST(Schema, DeletingAPortfolioTakesItsHoldingsTradesAndPricesAlong) {
     EXPECT_EQ(left->field(0).toString(), QStringLiteral("Income"));
 }
 
-TEST(Schema, DeletingAHoldingTakesItsTradesAndPricesAlong) {
+// The trade screen's Close deletes a symbol's holdings in every portfolio; the trades of the
+// other portfolios must not go with them.
+TEST(Schema, DeletingAHoldingKeepsItsTradesAndPrices) {
     ScratchDatabase store;
     addSampleData(store.db);
-    const auto holding =
-        store.db.openRecordset(QStringLiteral("select * from [equity]where EquitySymbol='TCS' And portname = 'Growth'"));
-    holding->deleteCurrent();
-    EXPECT_EQ(store.db.rowCount(QStringLiteral("trades")), 9);
-    EXPECT_EQ(store.db.rowCount(QStringLiteral("currentprice")), 6);
+    const long long trades = store.db.rowCount(QStringLiteral("trades"));
+    const long long prices = store.db.rowCount(QStringLiteral("currentprice"));
+    store.db.execute(QStringLiteral("delete * from equity where equitysymbol='TCS'"));
+    EXPECT_EQ(store.db.rowCount(QStringLiteral("trades")), trades);
+    EXPECT_EQ(store.db.rowCount(QStringLiteral("currentprice")), prices);
 }
 
 TEST(Schema, PortfolioNamesAreUniqueWithoutRegardToCase) {
