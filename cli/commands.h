@@ -8,5 +8,6 @@ namespace ostravel::cli {
 // args: the words after the subcommand's name. Each returns the process's exit code.
 int info(const QStringList& args);
 int he3(const QStringList& args);
+int advise(const QStringList& args);
 
 }  // namespace ostravel::cli

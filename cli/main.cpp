@@ -13,7 +13,8 @@ namespace {
 
 int usage() {
     QTextStream(stderr) << "usage: ostravel-cli [--folder DIR] info\n"
-                           "       ostravel-cli he3 pack|unpack IN OUT\n";
+                           "       ostravel-cli he3 pack|unpack IN OUT\n"
+                           "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n";
     return 2;
 }
 
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     const std::map<QString, std::function<int(const QStringList&)>> commands = {
         {QStringLiteral("info"), ostravel::cli::info},
         {QStringLiteral("he3"), ostravel::cli::he3},
+        {QStringLiteral("advise"), ostravel::cli::advise},
     };
     const auto found = commands.find(args.front());
     if (found == commands.end())

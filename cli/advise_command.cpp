@@ -1,0 +1,127 @@
+// ostravel-cli advise: the advice of one holding, stored as the program stores it, and printed.
+#include <QTextStream>
+#include <cstdlib>
+#include <optional>
+
+#include "app/base/prompt.h"
+#include "app/program.h"
+#include "cli/commands.h"
+#include "position/advice.h"
+#include "position/equitymanager.h"
+#include "position/holding.h"
+#include "position/vbvalues.h"
+
+namespace ostravel::cli {
+
+namespace {
+
+const char* const kUsage = "usage: ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n";
+
+// No one to ask: every box is printed to stderr and answered with its default button; the
+// what-if price box is answered with the price of the command line.
+class HeadlessPrompt : public Prompt {
+public:
+    explicit HeadlessPrompt(std::optional<QString> price) : m_price(std::move(price)) {}
+
+    Answer message(const QString& text, Buttons buttons, Icon, const QString&) override {
+        QTextStream(stderr) << text << '\n';
+        switch (buttons) {
+            case Buttons::YesNo:
+            case Buttons::YesNoCancel:
+                return Answer::Yes;
+            case Buttons::RetryCancel:
+                return Answer::Retry;
+            case Buttons::AbortRetryIgnore:
+                return Answer::Abort;
+            case Buttons::OK:
+            case Buttons::OKCancel:
+                break;
+        }
+        return Answer::OK;
+    }
+    std::optional<QString> input(const QString& text, const QString&, const QString&) override {
+        return text == kWhatIfPrompt ? m_price : std::nullopt;
+    }
+    std::optional<QString> openFile(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> chooseFolder(const QString&, const QString&) override { return {}; }
+    std::optional<std::uint32_t> chooseColour(std::uint32_t) override { return {}; }
+    std::optional<FontChoice> chooseFont(const FontChoice&) override { return {}; }
+
+private:
+    std::optional<QString> m_price;
+};
+
+struct Options {
+    QString portfolio;
+    QString symbol;
+    std::optional<QString> price;
+};
+
+std::optional<Options> parse(const QStringList& args) {
+    Options options;
+    for (qsizetype i = 0; i + 1 < args.size(); i += 2) {
+        const QString& name = args.at(i);
+        const QString& value = args.at(i + 1);
+        if (name == QLatin1String("--portfolio"))
+            options.portfolio = value;
+        else if (name == QLatin1String("--symbol"))
+            options.symbol = value;
+        else if (name == QLatin1String("--price"))
+            options.price = value;
+        else
+            return std::nullopt;
+    }
+    if (args.size() % 2 != 0 || options.portfolio.isEmpty() || options.symbol.isEmpty())
+        return std::nullopt;
+    return options;
+}
+
+}  // namespace
+
+int advise(const QStringList& args) {
+    QTextStream err(stderr);
+    const std::optional<Options> options = parse(args);
+    if (!options) {
+        err << kUsage;
+        return 2;
+    }
+
+    HeadlessPrompt prompt(options->price);
+    // Cancel is never the answer here, so the error log's box never ends the run.
+    Program program(prompt, [] { std::exit(1); });
+    try {
+        program.store().connection();
+    } catch (const VbError& error) {
+        err << "ostravel-cli: " << error.description() << '\n';
+        return 1;
+    }
+    program.frame().cmbportfolio.text = options->portfolio;
+    program.frame().cmbequity = options->symbol;
+
+    const AdviceOutcome outcome = options->price ? advisewhatif(program) : advise(program);
+    switch (outcome) {
+        case AdviceOutcome::Advised:
+            break;
+        case AdviceOutcome::NotRun:
+            err << "ostravel-cli: the price is no number, or 0: nothing advised\n";
+            return 2;
+        case AdviceOutcome::NoSharesOrPrice:
+        case AdviceOutcome::NotInPortfolio:
+            return 1;  // its message is printed
+    }
+
+    QTextStream out(stdout);
+    out << "verdict=" << program.module<EquityManager>().lbladvise.caption << '\n';
+    try {
+        const auto holding = openHolding(program);
+        for (const char* column : {"nextsellprice", "nextsellshares", "nextbuyprice", "nextbuyshares"})
+            out << column << '=' << columnText(holding->field(QString::fromLatin1(column))) << '\n';
+    } catch (const VbError& error) {
+        err << "ostravel-cli: " << error.description() << '\n';
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace ostravel::cli

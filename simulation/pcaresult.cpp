@@ -1,0 +1,67 @@
+#include "simulation/pcaresult.h"
+
+#include "app/base/vbformat.h"
+#include "app/base/vbmath.h"
+#include "app/program.h"
+#include "position/advice.h"
+#include "position/equitymanager.h"
+#include "position/holding.h"
+#include "position/vbvalues.h"
+
+namespace ostravel {
+
+namespace {
+
+// A statement that fails is skipped and nothing is said.
+template <class Body>
+void statement(Body&& body) {
+    try {
+        body();
+    } catch (const VbError&) {
+    }
+}
+
+// The boxes take part in the sums as numbers; a box that holds no number fails its statement.
+double number(const TextBox& box) {
+    return textToDouble(box.text);
+}
+
+}  // namespace
+
+void pcaresult(Program& program) {
+    EquityManager& em = program.module<EquityManager>();
+    AdviceValues& advice = program.module<AdviceValues>();
+    Store& store = program.store();
+    std::shared_ptr<Recordset> compare;
+
+    statement([&] { compare = store.database().openRecordset(QStringLiteral("select * from compare")); });
+    statement([&] { currentRow(compare).addNew(); });
+    statement([&] {
+        currentRow(compare).setField(QStringLiteral("date"),
+                                     currentRow(store.simulation).field(QStringLiteral("date")));
+    });
+    // The buy-and-hold investor holds twice the rule's beginning shares.
+    statement([&] {
+        em.lblbhprofit.caption = formatNumber(
+            (number(em.txtcurrprice) - number(em.txtbegprice)) * number(em.txtbegshare) * 2, QStringLiteral("#0"));
+    });
+    statement([&] { currentRow(compare).setField(QStringLiteral("BuyHoldValue"), Val(em.lblbhprofit.caption)); });
+    statement([&] {
+        em.lblbhpersentage.caption = formatNumber(
+            divide(number(em.txtcurrprice) - number(em.txtbegprice), number(em.txtbegprice)), QStringLiteral("#0.#%"));
+    });
+    statement([&] {
+        em.lblpcaresult.caption = formatNumber(number(em.txtcurrtotal) - number(em.txtbegtotal), QStringLiteral("0"));
+    });
+    statement([&] { currentRow(compare).setField(QStringLiteral("ControlValue"), Val(em.lblpcaresult.caption)); });
+    statement([&] { currentRow(compare).setField(QStringLiteral("EquitySymbol"), program.frame().equitySymbol()); });
+    statement([&] { currentRow(compare).update(); });
+    statement([&] {
+        em.lblpcaresultper.caption = formatNumber(
+            divide(number(em.txtcurrtotal) - number(em.txtbegtotal), number(em.txtbegtotal)), QStringLiteral("#0.#%"));
+    });
+    statement([&] { em.lblsell.caption = advice.sellcount.toString(); });
+    em.lblbuy.caption = numberToText(advice.buycount);
+}
+
+}  // namespace ostravel
