@@ -1,0 +1,113 @@
+#include "position/ui/setting_view.h"
+
+#include "app/base/apppath.h"
+#include "app/program.h"
+#include "app/ui/flexgrid.h"
+#include "app/ui/rich_text_box.h"
+#include "position/setting.h"
+#include "position/ui/control_binding.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+namespace ostravel {
+
+namespace {
+
+constexpr int kHelpHeightTwips = 3000;
+
+QLabel* caption(const char* text, QWidget* parent) {
+    return new QLabel(QString::fromUtf8(text), parent);
+}
+
+}  // namespace
+
+setting::setting(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<Setting>()) {
+    setObjectName(QStringLiteral("setting"));
+    setModal(true);
+
+    auto* Frame1 = new QGroupBox(QStringLiteral("Position Management Setting"), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    auto box = [&](const char* name, TextBox& state) {
+        QLineEdit* edit = makeTextBox(QString::fromLatin1(name), state, Frame1, true);
+        m_boxes.append({edit, &state});
+        return edit;
+    };
+    auto* grid = new QGridLayout(Frame1);
+    grid->addWidget(caption("Buy", Frame1), 0, 1, Qt::AlignHCenter);
+    grid->addWidget(caption("Sell", Frame1), 0, 2, Qt::AlignHCenter);
+    grid->addWidget(caption("Min Trades Rs.", Frame1), 1, 0);
+    grid->addWidget(box("txtmbuy", m_state.txtmbuy), 1, 1);
+    grid->addWidget(box("txtmsell", m_state.txtmsell), 1, 2);
+    grid->addWidget(caption("Min Trades shares", Frame1), 2, 0);
+    grid->addWidget(box("txtmtbuy", m_state.txtmtbuy), 2, 1);
+    grid->addWidget(box("txtmtsell", m_state.txtmtsell), 2, 2);
+    grid->addWidget(caption("Beginning Cash ", Frame1), 3, 0);
+    grid->addWidget(box("txtbcash", m_state.txtbcash), 3, 1);
+    grid->addWidget(caption("Advanced Buy Resistance", Frame1), 4, 0);
+    grid->addWidget(box("txtbuyres", m_state.txtbuyres), 4, 1);
+    grid->addWidget(caption("Advanced Sell Resistance", Frame1), 5, 0);
+    grid->addWidget(box("txtsellres", m_state.txtsellres), 5, 1);
+
+    m_cmdok = new QPushButton(QStringLiteral("OK"), this);
+    m_cmdok->setObjectName(QStringLiteral("cmdok"));
+    m_cmdok->setDefault(true);
+    m_cmdhelp = new QPushButton(this);
+    m_cmdhelp->setObjectName(QStringLiteral("cmdhelp"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(m_cmdok);
+    buttons->addWidget(m_cmdhelp);
+
+    // The help box with 300 twips below it: what the dialog grows by while the help shows.
+    m_helpArea = new QWidget(this);
+    m_RichTextBox1 = new QTextBrowser(m_helpArea);
+    m_RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
+    m_RichTextBox1->setFixedHeight(twipsToPixels(kHelpHeightTwips));
+    auto* helpLayout = new QVBoxLayout(m_helpArea);
+    helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(Setting::kHelpExtraTwips));
+    helpLayout->addWidget(m_RichTextBox1);
+    m_helpArea->hide();
+    trapped(program.reporter(), QStringLiteral("(Form) setting::Sub Form_Load"),
+            [&] { loadRichText(m_RichTextBox1, appFile(QStringLiteral("help/PositionManagement.rtf"))); });
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(Frame1);
+    layout->addLayout(buttons);
+    layout->addWidget(m_helpArea);
+
+    m_state.unload = [this] { accept(); };
+    m_state.Form_Load();
+    connect(m_cmdok, &QPushButton::clicked, this, [this] {
+        m_state.cmdok_Click();
+        refresh();
+    });
+    connect(m_cmdhelp, &QPushButton::clicked, this, &setting::cmdhelp_Click);
+    refresh();
+}
+
+setting::~setting() {
+    m_state.unload = nullptr;
+}
+
+void setting::refresh() {
+    setWindowTitle(m_state.caption);
+    for (const auto& [edit, box] : m_boxes) mirror(edit, *box);
+    m_cmdhelp->setText(m_state.cmdhelp.caption);
+    m_cmdhelp->setEnabled(m_state.cmdhelp.enabled);
+    m_helpArea->setVisible(m_state.helpShown);
+}
+
+void setting::cmdhelp_Click() {
+    m_state.cmdhelp_Click();
+    refresh();
+}
+
+}  // namespace ostravel

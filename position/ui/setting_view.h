@@ -1,0 +1,39 @@
+// The dialog setting: the rule's minimums and resistances and the holding's beginning cash,
+// with its help text shown below on demand. It mirrors Setting and forwards the buttons.
+#pragma once
+
+#include "position/controls.h"
+
+#include <QDialog>
+
+#include <utility>
+
+class QLineEdit;
+class QPushButton;
+class QTextBrowser;
+
+namespace ostravel {
+
+class Program;
+class Setting;
+
+class setting : public QDialog {
+    Q_OBJECT
+public:
+    explicit setting(Program& program, QWidget* parent = nullptr);
+    ~setting() override;
+
+    void refresh();
+
+private:
+    void cmdhelp_Click();
+
+    Setting& m_state;
+    QList<std::pair<QLineEdit*, const TextBox*>> m_boxes;
+    QPushButton* m_cmdok;
+    QPushButton* m_cmdhelp;
+    QWidget* m_helpArea;
+    QTextBrowser* m_RichTextBox1;
+};
+
+}  // namespace ostravel

@@ -1,0 +1,192 @@
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/program.h"
+#include "app/program_folder.h"
+#include "app/ui/mdiform1_view.h"
+#include "ledger/portfolioexplorer.h"
+#include "ledger/ui/portfolioexplorer_view.h"
+#include "tests/ledger/holdings.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace ostravel;
+
+namespace {
+
+const QString kPortfolio = QStringLiteral("Growth");
+
+}  // namespace
+
+class PortfolioexplorerScreenTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        m_dir = std::make_unique<QTemporaryDir>();
+        setAppPath(m_dir->path());
+        QVERIFY(prepareProgramFolder().isEmpty());
+        m_prompt = std::make_unique<ScriptedPrompt>();
+        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
+        m_program->store().connection();
+        Database& db = m_program->store().database();
+        addPortfolio(db, kPortfolio);
+        addHolding(db, kPortfolio, {QStringLiteral("INFY"), 100, 10, 1000, 12, 150.55, 800.9});
+        addTrade(db, kPortfolio, QStringLiteral("INFY"), 12.75);
+        addHolding(db, kPortfolio, {QStringLiteral("TCS"), 200, 5, 500, 5, 180.2, 500});
+        setAdvice(db, kPortfolio, QStringLiteral("TCS"), 95.5, 10, 120.25, 8, QStringLiteral("2024-03-05"));
+    }
+    void cleanup() {
+        m_program.reset();
+        m_prompt.reset();
+        m_dir.reset();
+    }
+
+    void gridsShowTheOverviewWithHeadingsWidthsAndColours() {
+        m_program->frame().cmbportfolio.text = kPortfolio;
+        selectportfolio(*m_program);
+        Portfolioexplorer screen(*m_program);
+        auto* grid1 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
+        auto* grid2 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid2"));
+        QVERIFY(grid1 && grid2);
+
+        QStringList headings;
+        for (int col = 0; col < grid1->columnCount(); ++col) headings << grid1->horizontalHeaderItem(col)->text();
+        QCOMPARE(headings,
+                 (QStringList{"Nos", "Symbol", "Shares", "Price", "Cash", "Commission", "Stock Value", "Profit/Loss"}));
+        QCOMPARE(grid1->horizontalHeaderItem(7)->textAlignment(), int(Qt::AlignCenter));
+        QCOMPARE(grid2->horizontalHeaderItem(1)->text(), QStringLiteral("50 Day's DMA"));
+        // Twips at 15 to the pixel.
+        QCOMPARE(grid1->columnWidth(1), 1400 / 15);
+        QCOMPARE(grid1->columnWidth(2), 800 / 15);
+        QCOMPARE(grid1->columnWidth(7), 1500 / 15);
+        QCOMPARE(grid2->columnWidth(0), 1500 / 15);
+        QCOMPARE(grid2->columnWidth(4), 1600 / 15);
+
+        QCOMPARE(grid1->rowCount(), 3);  // two holdings and the total below the heading row
+        QCOMPARE(grid1->item(0, 7)->text(), QStringLiteral("Rs.595.25"));
+        QCOMPARE(grid1->item(0, 7)->foreground().color(), QColor(0, 255, 0));
+        QCOMPARE(grid1->item(1, 7)->foreground().color(), QColor(255, 0, 0));
+        QCOMPARE(grid1->item(2, 1)->text(), QStringLiteral("Total"));
+        QCOMPARE(grid2->item(1, 0)->text(), QStringLiteral("TCS"));
+    }
+
+    void buttonsCarryTheirCaptionsAndTips() {
+        Portfolioexplorer screen(*m_program);
+        struct Case {
+            const char* name;
+            const char* caption;
+            const char* tip;
+            bool enabled;
+        };
+        const Case cases[] = {
+            {"Command1", "Get Advise", "Click to get advise on this Holding", true},
+            {"cmdadd", "Add New Holding", "Add New Holding to the portfolio", true},
+            {"cmdupdate", "Update All Prices", "Update price via Internet or Manual", false},
+            {"cmdcreate", "Create Portfolio", "", true},
+        };
+        for (const Case& c : cases) {
+            auto* button = screen.findChild<QPushButton*>(QString::fromLatin1(c.name));
+            QVERIFY2(button, c.name);
+            QCOMPARE(button->text(), QString::fromUtf8(c.caption));
+            QCOMPARE(button->toolTip(), QString::fromUtf8(c.tip));
+            QCOMPARE(button->isEnabled(), c.enabled);
+        }
+        QCOMPARE(screen.findChild<QComboBox*>(QStringLiteral("cmbequity"))->toolTip(), QStringLiteral("Enter Ticket"));
+    }
+
+    void clickShowsTheRecommendationUntilTheTimerHidesIt() {
+        m_program->frame().cmbportfolio.text = kPortfolio;
+        selectportfolio(*m_program);
+        Portfolioexplorer screen(*m_program);
+        screen.show();
+        auto* grid1 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
+        auto* lbladvise = screen.findChild<QLabel*>(QStringLiteral("lbladvise"));
+        auto* timer = screen.findChild<QTimer*>(QStringLiteral("Timer1"));
+        QVERIFY(lbladvise->isHidden());
+
+        const QRect cell = grid1->visualRect(grid1->model()->index(1, 1));
+        QTest::mouseClick(grid1->viewport(), Qt::LeftButton, {}, cell.center());
+        QCOMPARE(
+            lbladvise->text(),
+            QStringLiteral("Recommendation:  Buy 10 at Rs. 95.5 and  Sell 8 at Rs. 120.25 Last Updated on 05/03/2024"));
+        QVERIFY(!lbladvise->isHidden());
+        QCOMPARE(lbladvise->width(), 5000 / 15);
+        QCOMPARE(m_program->frame().cmbequity, QStringLiteral("TCS"));
+        QVERIFY(timer->isActive());
+        QCOMPARE(timer->interval(), 50000);
+
+        timer->start(1);  // let the 50 seconds pass at once
+        QTRY_VERIFY(lbladvise->isHidden());
+        QVERIFY(!m_program->module<PortfolioExplorer>().Timer1.enabled);
+    }
+
+    void getAdviseUnderSimulationAsksForAPortfolio() {
+        m_program->frame().cmbportfolio.text = QStringLiteral("Simulation");
+        Portfolioexplorer screen(*m_program);
+        screen.findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+        QCOMPARE(m_prompt->messages(), QStringList{"Select your portfolio"});
+        QCOMPARE(m_prompt->asked().front().title, QStringLiteral("Select portfolio"));
+    }
+
+    void frameMenuAndPortfolioBoxReachTheOverview() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        QAction* details = frame.action(QStringLiteral("mnuallportfolio"));
+        QVERIFY(details->isEnabled());
+        QCOMPARE(details->text(), QStringLiteral("Portfolio Details"));
+
+        auto* portfolio = frame.findChild<QComboBox*>(QStringLiteral("cmbportfolio"));
+        portfolio->setCurrentText(kPortfolio);
+        // The box refills the overview's state even while no overview is open.
+        QCOMPARE(m_program->module<PortfolioExplorer>().MSFlexGrid1.textMatrix(1, 1), QStringLiteral("INFY"));
+        QCOMPARE(m_program->frame().panel6, QStringLiteral("Equities of Portfolio Growth is open"));
+
+        details->trigger();
+        details->trigger();  // a second time brings the one overview to the front
+        QList<QWidget*> overviews;
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+            if (sub->widget()->objectName() == QStringLiteral("Portfolioexplorer"))
+                overviews << sub->widget();
+        QCOMPARE(overviews.size(), 1);
+        auto* grid1 = overviews.front()->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
+        QCOMPARE(grid1->rowCount(), 3);
+
+        // Back to the pseudo portfolio: the open overview empties with it.
+        portfolio->setCurrentText(QStringLiteral("Simulation"));
+        QCOMPARE(grid1->item(0, 1)->text(), QString());
+        QVERIFY(m_prompt->asked().isEmpty());
+    }
+
+    void userPreferenceOpensTheConfigurationDialog() {
+        MDIForm1View frame(*m_program);
+        QAction* preference = frame.action(QStringLiteral("UserPreferance"));
+        QVERIFY(preference->isEnabled());
+        QString shown;
+        QTimer::singleShot(0, [&] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                shown = dialog->objectName();
+                dialog->close();
+            }
+        });
+        preference->trigger();
+        QCOMPARE(shown, QStringLiteral("websetting"));
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<ScriptedPrompt> m_prompt;
+    std::unique_ptr<Program> m_program;
+};
+
+QTEST_MAIN(PortfolioexplorerScreenTest)
+#include "portfolioexplorer_screen_test.moc"
