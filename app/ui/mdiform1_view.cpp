@@ -3,8 +3,17 @@
 #include "app/menu_tree.h"
 #include "app/posform.h"
 #include "app/program.h"
+#include "app/screens.h"
 #include "app/ui/help_window.h"
 #include "app/ui/quick_view.h"
+#include "app/ui/screen_openers.h"
+#include "ledger/addremovecash.h"
+#include "ledger/frmsplit.h"
+#include "ledger/portfolioexplorer.h"
+#include "ledger/ui/portfolioexplorer_view.h"
+#include "position/ui/websetting_view.h"
+#include "safety/ui/backup_view.h"
+#include "safety/ui/restore_view.h"
 #include "tools/ui/calc_view.h"
 #include "tools/ui/keyboard_help_view.h"
 
@@ -28,6 +37,21 @@
 
 namespace ostravel {
 
+namespace {
+
+// One overview at a time, as the form is one: an open one comes to the front.
+void showPortfolioexplorer(MDIForm1View& frame, Program& program) {
+    for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) {
+        if (sub->widget() && sub->widget()->objectName() == QStringLiteral("Portfolioexplorer")) {
+            frame.mdiArea()->setActiveSubWindow(sub);
+            return;
+        }
+    }
+    frame.showChild(new Portfolioexplorer(program));
+}
+
+}  // namespace
+
 MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(parent), m_program(program) {
     setObjectName(QStringLiteral("MDIForm1"));
     m_mdi = new QMdiArea(this);
@@ -42,6 +66,9 @@ MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(pare
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         setGeometry(screen->availableGeometry());
 
+    // The overview refills whenever the portfolio changes, open or not.
+    m_program.frame().selectportfolio = [&program] { selectportfolio(program); };
+    registerScreenOpeners(*this, m_program);
     m_program.frame().MDIForm_Load();
     refresh();
     QTimer::singleShot(0, this, &MDIForm1View::showQuickIfWanted);
@@ -161,6 +188,41 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("mnykbhelp")), &QAction::triggered, this,
             [this] { showChild(new FRM_KEYBOARD_HELP); });
     connect(action(QStringLiteral("Helpchm")), &QAction::triggered, this, [this] { showHelpWindow(this); });
+    connect(action(QStringLiteral("UserPreferance")), &QAction::triggered, this, [this] {
+        websetting dialog(m_program, this);
+        dialog.exec();
+    });
+    connect(action(QStringLiteral("mnuallportfolio")), &QAction::triggered, this, [this] {
+        selectportfolio(m_program);
+        showPortfolioexplorer(*this, m_program);
+    });
+    connect(action(QStringLiteral("mnu_backup")), &QAction::triggered, this,
+            [this] { showChild(new FRM_BACK_UP(m_program)); });
+    connect(action(QStringLiteral("mnu_restore")), &QAction::triggered, this, [this] {
+        auto* screen = new FRM_RESTORE(m_program);
+        connect(screen, &FRM_RESTORE::restored, this, &MDIForm1View::refresh);
+        showChild(screen);
+    });
+    const std::pair<const char*, CashMovement> cashEntries[] = {
+        {"mnudepositcash", CashMovement::Deposit},
+        {"Mnuwcash", CashMovement::Withdrawal},
+        {"addinterest", CashMovement::Interest},
+    };
+    for (const auto& [name, movement] : cashEntries)
+        connect(action(QString::fromLatin1(name)), &QAction::triggered, this,
+                [this, movement] { showCashMovement(m_program, movement); });
+    connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
+    const std::pair<const char*, const char*> ledgerEntries[] = {
+        {"portfoliomanager", "frmportwizard"},
+        {"createnewport", "Create"},
+        {"AddNewEquity", "Newholding"},
+        {"mnynewsymbol", "frmnewsymbol"},
+    };
+    for (const auto& [name, screen] : ledgerEntries)
+        connect(action(QString::fromLatin1(name)), &QAction::triggered, this, [this, screen = screen] {
+            m_program.module<Screens>().show(QString::fromLatin1(screen));
+            refresh();
+        });
 }
 
 void MDIForm1View::showChild(QWidget* screen) {

@@ -1,0 +1,196 @@
+#include "ledger/frmportwizard.h"
+
+#include "app/base/vbdate.h"
+#include "app/base/vbformat.h"
+#include "app/program.h"
+#include "app/screens.h"
+#include "ledger/datecaption.h"
+#include "ledger/gridstatement.h"
+#include "ledger/portfolioexplorer.h"
+#include "position/holding.h"
+#include "store/dberrors.h"
+#include "store/sqltext.h"
+
+namespace ostravel {
+
+namespace {
+
+// The screen's handler carries the name of the portfolio wizard's Add, as it always has.
+const QString kPlace = QStringLiteral("(Form) Create::Sub cmdadd_Click");
+const QString kCostPattern = QStringLiteral("####.##");
+
+}  // namespace
+
+PortfolioManager::PortfolioManager(Program& program) : m_program(&program) {}
+
+void PortfolioManager::load() {
+    if (loaded)
+        return;
+    loaded = true;
+    Form_Load();
+}
+
+void PortfolioManager::unload() {
+    std::function<void()> close = std::move(closeView);
+    *this = PortfolioManager(*m_program);
+    if (close)
+        close();
+}
+
+void PortfolioManager::handle(const VbError& error, bool atLoad) {
+    if (error.number() == dberr::DuplicateKey) {
+        m_program->prompt().message(QStringLiteral("Duplicate Portfolio name"), Buttons::OK, Icon::None,
+                                    QStringLiteral("Duplicate portfolio"));
+        try {
+            if (m_program->store().portfolio)
+                m_program->store().portfolio->cancelUpdate();
+        } catch (const VbError&) {
+            // Nothing was pending.
+        }
+        Text1.text.clear();
+        focus = QStringLiteral("Text1");
+        return;
+    }
+    // No portfolio exists yet.
+    if (atLoad && error.number() == err::NoCurrentRecord)
+        return;
+    m_program->reporter().report(error, kPlace);
+}
+
+template <class Statement>
+bool PortfolioManager::statement(Statement&& body, bool atLoad) {
+    return gridStatement(MSFlexGrid1, body, [&](const VbError& e) { handle(e, atLoad); });
+}
+
+void PortfolioManager::Form_Load() {
+    statement(
+        [&] {
+            Recordset& portfolio = currentRow(m_program->store().portfolio);
+            for (portfolio.moveFirst(); !portfolio.eof(); portfolio.moveNext())
+                Combo1.items << portfolio.field(QStringLiteral("PortfolioName")).toString();
+        },
+        true);
+    if (!Combo1.items.isEmpty()) {
+        Combo1.text = Combo1.items.front();
+        Combo1_Click();
+    }
+    fillGrid(kLoadFormat, kLoadDateWidth);
+    Frame2Visible = false;
+    cmdtwizard.enabled = false;
+    DatePicker1Visible = false;
+}
+
+void PortfolioManager::Combo1_Click() {
+    fillGrid(kChosenFormat, kColWidth);
+}
+
+void PortfolioManager::fillGrid(const QString& formatString, int dateWidth) {
+    statement([&] { MSFlexGrid1.clear(kGridRows); });
+    statement([&] { MSFlexGrid1.setFormatString(formatString); });
+    for (int c = 1; c < kDateCol; ++c) statement([&] { MSFlexGrid1.setColWidth(c, kColWidth); });
+    statement([&] { MSFlexGrid1.setColWidth(kDateCol, dateWidth); });
+
+    std::shared_ptr<Recordset> rows;
+    statement([&] {
+        rows = m_program->store().database().openRecordset(
+            QStringLiteral("select EquitySymbol,OriginalPrice,OriginalShares,OriginalCash,CurrentQuotePrice,"
+                           "EquityStartDate,cps from equity where portname='") +
+            sqlText(Combo1.text) + QStringLiteral("';"));
+    });
+    if (!rows)
+        return;
+    int i = 0;
+    for (; !rows->eof(); rows->moveNext()) {
+        ++i;
+        statement([&] { MSFlexGrid1.setTextMatrix(i, 0, QString::number(i)); });
+        for (int field = 0; field < 5; ++field)
+            statement([&] { MSFlexGrid1.setTextMatrix(i, field + 1, rows->field(field).toString()); });
+        statement([&] { MSFlexGrid1.setTextMatrix(i, 6, format(rows->field(6), kCostPattern)); });
+        statement([&] { MSFlexGrid1.setTextMatrix(i, kDateCol, rows->field(5).toString()); });
+    }
+    rows->close();
+}
+
+void PortfolioManager::MSFlexGrid1_Click(int newRow, int newCol) {
+    row = newRow;
+    col = newCol;
+    cmdtwizard.enabled = true;
+    Frame2Visible = true;
+    Frame2Enabled = true;
+    col = kSymbolCol;
+    statement([&] {
+        Text1.text = MSFlexGrid1.textMatrix(row, col);
+        Text2.text = Text1.text;
+    });
+    statement([&] { cmdestartdate.caption = MSFlexGrid1.textMatrix(row, kDateCol); });
+}
+
+void PortfolioManager::cmdupdate_Click() {
+    std::shared_ptr<Recordset> holding;
+    statement([&] {
+        holding = m_program->store().database().openRecordset(
+            QStringLiteral("select * from equity where equitysymbol='") + sqlText(Text2.text) + QStringLiteral("';"));
+    });
+    // With no holding of that symbol there is nothing to write.
+    if (statement([&] { currentRow(holding).edit(); })) {
+        statement([&] { holding->setField(QStringLiteral("EquitySymbol"), Text1.text); });
+        statement([&] { holding->setField(QStringLiteral("EquityStartDate"), cmdestartdate.caption); });
+        statement([&] { holding->update(); });
+    }
+    Text2.text = Text1.text;
+    statement([&] { selectportfolio(*m_program); });
+    Combo1_Click();
+}
+
+void PortfolioManager::cmddelete_Click() {
+    std::shared_ptr<Recordset> holding;
+    statement([&] {
+        holding = m_program->store().database().openRecordset(
+            QStringLiteral("select * from equity where equitysymbol='") + sqlText(Text1.text) + QStringLiteral("';"));
+    });
+    if (m_program->prompt().message(QStringLiteral("ARE YOU SURE"), Buttons::YesNo, Icon::Critical,
+                                    QStringLiteral("Confirmation")) != Answer::Yes)
+        return;
+    statement([&] { currentRow(holding).deleteCurrent(); });
+    statement([&] { selectportfolio(*m_program); });
+    Combo1_Click();
+}
+
+void PortfolioManager::cmdpwizard_Click() {
+    m_program->module<Screens>().show(QStringLiteral("Create"));
+}
+
+void PortfolioManager::cmdadd_Click() {
+    m_program->module<Screens>().show(QStringLiteral("Newholding"));
+}
+
+void PortfolioManager::cmdtwizard_Click() {
+    MainFrame& frame = m_program->frame();
+    frame.cmbequity = Text1.text;
+    frame.cmbequity_Change();
+    if (frame.cmbportfolio.text != Combo1.text) {
+        frame.cmbportfolio.text = Combo1.text;
+        frame.cmbportfolio_Change();
+    }
+    m_program->module<Screens>().show(QStringLiteral("trade"));
+}
+
+void PortfolioManager::cmdclose_Click() {
+    unload();
+}
+
+void PortfolioManager::cmdestartdate_Click() {
+    DatePicker1Value = parseDate(cmdestartdate.caption).value_or(today());
+    DatePicker1Visible = true;
+}
+
+void PortfolioManager::DatePicker1_OK(double serial) {
+    DatePicker1Visible = false;
+    cmdestartdate.caption = pickedDateCaption(serial);
+}
+
+void PortfolioManager::DatePicker1_Cancel() {
+    DatePicker1Visible = false;
+}
+
+}  // namespace ostravel

@@ -1,0 +1,293 @@
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTimer>
+
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/base/vbdate.h"
+#include "app/program.h"
+#include "app/program_folder.h"
+#include "app/screens.h"
+#include "app/ui/mdiform1_view.h"
+#include "ledger/datecaption.h"
+#include "ledger/ui/create_view.h"
+#include "ledger/ui/frmnewsymbol_view.h"
+#include "ledger/ui/frmportwizard_view.h"
+#include "ledger/ui/newholding_view.h"
+#include "ledger/ui/portfolioexplorer_view.h"
+#include "tests/ledger/holdings.h"
+#include "tests/ledger/wizard_rows.h"
+#include "tools/ui/datepicker.h"
+
+using namespace ostravel;
+
+namespace {
+
+QStringList headings(const QTableWidget* grid) {
+    QStringList texts;
+    for (int c = 0; c < grid->columnCount(); ++c) texts << grid->horizontalHeaderItem(c)->text();
+    return texts;
+}
+
+template <class T = QPushButton>
+T* child(const QWidget& screen, const char* name) {
+    return screen.findChild<T*>(QString::fromLatin1(name));
+}
+
+void clickCell(QTableWidget* grid, int row, int col) {
+    const QRect cell = grid->visualRect(grid->model()->index(row, col));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+}  // namespace
+
+class PortfolioWizardsScreenTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void init() {
+        m_dir = std::make_unique<QTemporaryDir>();
+        setAppPath(m_dir->path());
+        QVERIFY(prepareProgramFolder().isEmpty());
+        m_prompt = std::make_unique<ScriptedPrompt>();
+        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
+        m_program->store().connection();
+    }
+    void cleanup() {
+        m_program.reset();
+        m_prompt.reset();
+        m_dir.reset();
+    }
+
+    void createAddsAPortfolioAndThenOnlyGoesForward() {
+        m_program->frame().MDIForm_Load();
+        Create dialog(*m_program);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Portfolio Management Wizard"));
+        QCOMPARE(child<QGroupBox>(dialog, "Frame1")->title(), QStringLiteral("Create Portfolio"));
+        QCOMPARE(child<QLineEdit>(dialog, "Text1")->toolTip(), QStringLiteral("Enter Portfolio Name"));
+        struct Case {
+            const char* name;
+            const char* caption;
+            bool enabled;
+        };
+        for (const Case& c :
+             {Case{"cmdadd", "Add", true}, Case{"cmdupdate", "Update", false}, Case{"cmddelete", "Delete", false},
+              Case{"cmdnext", "Next>", true}, Case{"cmdhelp", "Help", true}, Case{"cmdclose", "Close", true}}) {
+            QCOMPARE(child(dialog, c.name)->text(), QString::fromLatin1(c.caption));
+            QCOMPARE(child(dialog, c.name)->isEnabled(), c.enabled);
+        }
+        QCOMPARE(child(dialog, "cmddate")->text(), todayCaption());
+        auto* grid = child<QTableWidget>(dialog, "MSFlexGrid1");
+        QCOMPARE(headings(grid), (QStringList{"Nos", "Portfolio", "Date"}));
+        QCOMPARE(grid->rowCount(), 0);
+
+        QTest::keyClicks(child<QLineEdit>(dialog, "Text1"), QStringLiteral("Growth"));
+        QTest::mouseClick(child(dialog, "cmdadd"), Qt::LeftButton);
+        QCOMPARE(grid->rowCount(), 1);
+        QCOMPARE(grid->item(0, 1)->text(), QStringLiteral("Growth"));
+        QCOMPARE(m_program->frame().cmbportfolio.items, (QStringList{"Simulation", "Growth"}));
+        QVERIFY(!child(dialog, "cmdclose")->isEnabled());
+
+        QTest::keyClick(&dialog, Qt::Key_Escape);  // the way back is shut
+        QVERIFY(dialog.isVisible());
+
+        QTest::mouseClick(child(dialog, "cmdnext"), Qt::LeftButton);
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(m_program->module<Screens>().shown(), QStringList{"Newholding"});
+        QVERIFY(m_prompt->asked().isEmpty());
+    }
+
+    void createShowsItsHelpAndItsCalendar() {
+        Create dialog(*m_program);
+        dialog.show();
+        auto* help = child(dialog, "cmdhelp");
+        auto* text = child<QTextBrowser>(dialog, "RichTextBox1");
+        const int height = dialog.height();
+        QTest::mouseClick(help, Qt::LeftButton);
+        QCOMPARE(help->text(), QStringLiteral("Close"));
+        QVERIFY(text->isVisible());
+        QVERIFY(!text->toPlainText().isEmpty());
+        QTRY_VERIFY(dialog.height() > height);
+        QTest::mouseClick(help, Qt::LeftButton);
+        QCOMPARE(help->text(), QStringLiteral("Help"));
+        QVERIFY(!text->isVisible());
+
+        auto* picker = child<DatePicker>(dialog, "DatePicker1");
+        QVERIFY(!picker->isVisible());
+        QTest::mouseClick(child(dialog, "cmddate"), Qt::LeftButton);
+        QVERIFY(picker->isVisible());
+        QTest::mouseClick(child(*picker, "cmdok"), Qt::LeftButton);
+        QVERIFY(!picker->isVisible());
+        QCOMPARE(child(dialog, "cmddate")->text(), pickedDateCaption(today()));
+        QVERIFY(m_prompt->asked().isEmpty());
+    }
+
+    void newholdingCreatesTheHoldingAndHandsOverToTrade() {
+        addPortfolio(m_program->store().database(), QStringLiteral("Growth"));
+        m_program->frame().MDIForm_Load();
+        Newholding dialog(*m_program);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Create New Holding Wizad"));
+        struct Tip {
+            const char* name;
+            const char* tip;
+        };
+        for (const Tip& t : {Tip{"Frame1", "Select the NSE or BSE Stock"}, Tip{"Combo1", "select The equity"},
+                             Tip{"cmbport", "Select The Portfolio"}, Tip{"Command1", "Select date equity Bought"},
+                             Tip{"cmdok", "Confirm the Creation"}})
+            QCOMPARE(child<QWidget>(dialog, t.name)->toolTip(), QString::fromLatin1(t.tip));
+        QCOMPARE(child(dialog, "cmdclose")->text(), QStringLiteral("Cancel"));
+        QCOMPARE(child(dialog, "cmdnew")->text(), QStringLiteral("New"));
+        QCOMPARE(child<QRadioButton>(dialog, "optnsebse_0")->text(), QStringLiteral("BSE"));
+        QVERIFY(child<QRadioButton>(dialog, "optnsebse_1")->isChecked());
+        auto* company = child<QComboBox>(dialog, "Combo1");
+        QCOMPARE(company->currentText(), QStringLiteral("20 Microns Limited"));
+        QCOMPARE(child<QComboBox>(dialog, "cmbport")->currentText(), QStringLiteral("Growth"));
+
+        // The ticker box takes capitals and swallows digits.
+        auto* ticker = child<QLineEdit>(dialog, "txtequitysymbol");
+        ticker->clear();
+        QTest::keyClicks(ticker, QStringLiteral("tc1s"));
+        QCOMPARE(ticker->text(), QStringLiteral("TCS"));
+        QCOMPARE(company->currentText(), QStringLiteral("Tata Consultancy Services Limited"));
+
+        m_prompt->answer(Answer::Yes);
+        QTest::mouseClick(child(dialog, "cmdok"), Qt::LeftButton);
+        QCOMPARE(m_prompt->messages(), QStringList{"Are You sure you have selected the Right Code"});
+        QCOMPARE(tableRows(m_program->store().database(),
+                           QStringLiteral("select EquitySymbol, portname, VealieFlag from equity")),
+                 QStringList{"TCS|Growth|1"});
+        QCOMPARE(m_program->module<Screens>().shown(), QStringList{"trade"});
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void portfolioManagerDeletesTheChosenHolding() {
+        Database& db = m_program->store().database();
+        addPortfolio(db, QStringLiteral("Growth"));
+        addKeyedHolding(db, {"Growth", "INFY"});
+        addKeyedHolding(db, {"Growth", "TCS"});
+        m_program->frame().cmbportfolio.text = QStringLiteral("Growth");
+        frmportwizard screen(*m_program);
+        screen.show();
+        QCOMPARE(screen.windowTitle(), QStringLiteral("Portfolio Manager"));
+        QCOMPARE(child<QGroupBox>(screen, "Frame1")->title(), QStringLiteral("Select Portfolio"));
+        auto* details = child<QGroupBox>(screen, "Frame2");
+        QCOMPARE(details->title(), QStringLiteral("Equity Details"));
+        QVERIFY(!details->isVisible());
+        QVERIFY(!child(screen, "cmdtwizard")->isEnabled());
+        QCOMPARE(child(screen, "cmdpwizard")->text(), QStringLiteral("Portfolio Wizard"));
+        auto* grid = child<QTableWidget>(screen, "MSFlexGrid1");
+        QCOMPARE(headings(grid).last(), QStringLiteral("Equity Start Date"));
+        QCOMPARE(grid->rowCount(), 2);
+
+        clickCell(grid, 1, 3);
+        QVERIFY(details->isVisible());
+        QCOMPARE(child<QLineEdit>(screen, "Text1")->text(), QStringLiteral("TCS"));
+        QCOMPARE(child(screen, "cmdestartdate")->text(), QStringLiteral("02/01/2024"));
+        QVERIFY(child(screen, "cmdtwizard")->isEnabled());
+
+        m_prompt->answer(Answer::Yes);
+        QTest::mouseClick(child(screen, "cmddelete"), Qt::LeftButton);
+        QCOMPARE(m_prompt->messages(), QStringList{"ARE YOU SURE"});
+        QCOMPARE(grid->item(0, 1)->text(), QStringLiteral("INFY"));
+        QCOMPARE(tableRows(db, QStringLiteral("select EquitySymbol from equity")), QStringList{"INFY"});
+
+        QTest::keyClick(&screen, Qt::Key_Escape);
+        QVERIFY(!screen.isVisible());
+    }
+
+    void newSymbolAddsToTheSymbolList() {
+        frmnewsymbol dialog(*m_program);
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Add New Stocksymbol"));
+        QStringList labels;
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) labels << label->text();
+        for (const char* text : {"NSE Symbol", "Stock Name", "Yahoo Symbol ",
+                                 "If you Do Not know the Yahoo code, enter any part of the company name In Stock "
+                                 "name text Box and clik Find Code"})
+            QVERIFY2(labels.contains(QString::fromLatin1(text)), text);
+        auto* find = child(dialog, "Command1");
+        QCOMPARE(find->text(), QStringLiteral("Find Now"));
+        QVERIFY(!find->isEnabled());
+
+        QTest::keyClicks(child<QLineEdit>(dialog, "txtnewsymbol"), QStringLiteral("newco"));
+        QTest::keyClicks(child<QLineEdit>(dialog, "txtnewstock"), QStringLiteral("New Co Limited"));
+        QTest::keyClicks(child<QLineEdit>(dialog, "Text1"), QStringLiteral("NEWCO.NS"));
+        QTest::mouseClick(child(dialog, "cmdadd"), Qt::LeftButton);
+        QCOMPARE(m_prompt->messages(), QStringList{"New stocksysmbol added"});
+        QCOMPARE(child<QLineEdit>(dialog, "txtnewsymbol")->text(), QStringLiteral("NEWCO"));
+        QCOMPARE(
+            tableRows(m_program->store().database(), QStringLiteral("select name from qoutense where ticker='NEWCO'")),
+            QStringList{"New Co Limited"});
+    }
+
+    void menusAndTheOverviewOpenTheScreens() {
+        addPortfolio(m_program->store().database(), QStringLiteral("Growth"));
+        MDIForm1View frame(*m_program);
+        frame.show();
+        struct Case {
+            const char* action;
+            const char* screen;
+        };
+        for (const Case& c : {Case{"createnewport", "Create"}, Case{"AddNewEquity", "Newholding"}}) {
+            QAction* action = frame.action(QString::fromLatin1(c.action));
+            QVERIFY2(action->isEnabled(), c.action);
+            QString shown;
+            QTimer::singleShot(0, [&] {
+                if (QWidget* dialog = QApplication::activeModalWidget()) {
+                    shown = dialog->objectName();
+                    dialog->close();
+                }
+            });
+            action->trigger();
+            QCOMPARE(shown, QString::fromLatin1(c.screen));
+        }
+
+        frame.action(QStringLiteral("portfoliomanager"))->trigger();
+        frame.action(QStringLiteral("portfoliomanager"))->trigger();  // the one screen comes to the front
+        int managers = 0;
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+            managers += sub->widget()->objectName() == QStringLiteral("frmportwizard");
+        QCOMPARE(managers, 1);
+
+        frame.action(QStringLiteral("mnynewsymbol"))->trigger();
+        auto* symbol = frame.findChild<frmnewsymbol*>(QStringLiteral("frmnewsymbol"));
+        QVERIFY(symbol && symbol->isVisible());
+
+        Portfolioexplorer overview(*m_program);
+        for (const char* name : {"cmdadd", "cmdcreate"}) {
+            auto* button = child(overview, name);
+            QVERIFY2(button->isEnabled(), name);
+            QString shown;
+            QTimer::singleShot(0, [&] {
+                if (QWidget* dialog = QApplication::activeModalWidget()) {
+                    shown = dialog->objectName();
+                    dialog->close();
+                }
+            });
+            button->click();
+            QCOMPARE(shown, QString::fromLatin1(name) == QLatin1String("cmdadd") ? QStringLiteral("Newholding")
+                                                                                 : QStringLiteral("Create"));
+        }
+    }
+
+private:
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<ScriptedPrompt> m_prompt;
+    std::unique_ptr<Program> m_program;
+};
+
+QTEST_MAIN(PortfolioWizardsScreenTest)
+#include "portfolio_wizards_screen_test.moc"

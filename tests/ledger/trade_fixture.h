@@ -1,0 +1,75 @@
+// A program folder with its database for the ledger's trade, cash and split tests: holdings and
+// trades written straight into the store, and the ledger columns of a holding read back.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <optional>
+#include <ostream>
+
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/program.h"
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+    *out << '"' << text.toStdString() << '"';
+}
+
+namespace ostravel {
+
+// The ledger columns of a holding; an empty column reads as nothing.
+struct Ledger {
+    std::optional<double> OriginalPrice = 0, OriginalShares = 0, OriginalCash = 0;
+    std::optional<double> CurrentShares = 0, CurrentCash = 0, PortControl = 0, cps = 0;
+    std::optional<double> CurrentQuotePrice = 0, LastTradePrice = 0;
+};
+
+inline const QString kGrowth = QStringLiteral("Growth");
+inline const QString kInfy = QStringLiteral("INFY");
+
+// Writes a holding's rows into the database at `folder`, without a running program.
+class LedgerRows {
+public:
+    explicit LedgerRows(Program& program) : m_program(program) {}
+
+    void addPortfolio(const QString& portfolio);
+    // The portfolio is added first when it is missing.
+    void addHolding(const QString& symbol, const QString& portfolio, const Ledger& ledger);
+    // A trade row as Add Trade writes it; returns its key.
+    long long addTrade(const QString& symbol, const QString& portfolio, double shares, double price, double commission,
+                       const QString& kind, const QString& date = QStringLiteral("2024-01-03"));
+
+    Ledger ledger(const QString& symbol, const QString& portfolio);
+    bool holdingExists(const QString& symbol, const QString& portfolio);
+    int tradeCount(const QString& symbol, const QString& portfolio);
+    // The first column of the first row of a query; Null as an invalid QVariant.
+    QVariant scalar(const QString& sql);
+
+private:
+    Program& m_program;
+};
+
+class LedgerTest : public ::testing::Test {
+protected:
+    LedgerTest();
+
+    // The main frame's selection: the portfolio and the code with ".NS".
+    void select(const QString& symbol, const QString& portfolio = kGrowth);
+    // The entries of ErrorLog.txt, one text each.
+    QStringList errorLog() const;
+    // Queues an OK for each error report that is to come.
+    void expectReports(int count) {
+        for (int i = 0; i < count; ++i) m_prompt.answer(Answer::OK);
+    }
+
+    QTemporaryDir m_dir;
+    ScriptedPrompt m_prompt;
+    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
+    LedgerRows m_rows{m_program};
+};
+
+// Whether a message of the prompt is an error report of the given number and place.
+bool isReport(const QString& message, int number, const QString& place);
+
+}  // namespace ostravel
