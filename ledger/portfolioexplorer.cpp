@@ -228,7 +228,7 @@ void Overview::totalLine() {
     step([&] { grid1.setTextMatrix(row, 4, rupees(format(totals->field(0), kAmount))); });
     step([&] { grid1.setTextMatrix(row, 5, rupees(formatNumber(m_sumCommission, kAmount))); });
     step([&] { grid1.setTextMatrix(row, 6, rupees(format(totals->field(1), kAmount))); });
-    step([&] { grid1.setTextMatrix(row, 7, rupees(singleToText(m_sumProfit))); });
+    step([&] { grid1.setTextMatrix(row, 7, rupees(singleText(m_sumProfit))); });
     step([&] { colourProfit(row, double(m_sumProfit)); });
 }
 

@@ -1,5 +1,5 @@
 // Arithmetic on the texts that Format gives, as the run time does it when the overview computes
-// with figures it has already formatted, and the text of a 32-bit float.
+// with figures it has already formatted.
 #pragma once
 
 #include "app/base/variant.h"
@@ -17,8 +17,5 @@ double arithmeticValue(const Variant& value);
 
 // Format(value, pattern) as a value: a Null stays Null, so that computing with it raises 94.
 Variant formattedOrNull(const Variant& value, const QString& pattern);
-
-// CStr of a 32-bit float: seven significant digits, the exponent form from 1E+07 on.
-QString singleToText(float value);
 
 }  // namespace ostravel

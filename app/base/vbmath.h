@@ -44,4 +44,20 @@ std::int16_t toInteger(double value);
 // CLng: to a 32-bit integer, halves to even; out of range raises 6.
 std::int32_t toLongInteger(double value);
 
+// a / b as the run time divides: 0 / 0 raises 6 (overflow), another number / 0 raises 11
+// (division by zero), and a quotient beyond a double raises 6.
+double divide(double a, double b);
+
+// A value stored into a 32-bit float; beyond its range raises 6.
+float toSingleChecked(double value);
+
+// CStr of a 32-bit float: seven significant digits ("2600", "6666.667"), the exponent form
+// from 1E+07 on.
+QString singleText(float value);
+
+// CSng and CDbl of a text: blanks around, grouping commas passed over; anything else that is
+// no number raises 13.
+float textToSingle(const QString& text);
+double textToDouble(const QString& text);
+
 }  // namespace ostravel

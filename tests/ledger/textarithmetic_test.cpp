@@ -1,4 +1,5 @@
 #include "app/base/vberror.h"
+#include "app/base/vbmath.h"
 #include "ledger/textarithmetic.h"
 
 #include <gtest/gtest.h>
@@ -52,7 +53,7 @@ TEST(TextArithmetic, SingleShowsSevenDigits) {
         {0.f, "0"},
         {123.4567f, "123.4567"},
     };
-    for (const Case& c : cases) EXPECT_EQ(singleToText(c.value), QString::fromUtf8(c.text));
+    for (const Case& c : cases) EXPECT_EQ(singleText(c.value), QString::fromUtf8(c.text));
 }
 
 }  // namespace
