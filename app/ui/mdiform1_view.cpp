@@ -10,7 +10,6 @@
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/portfolioexplorer.h"
-#include "ledger/ui/portfolioexplorer_view.h"
 #include "position/ui/websetting_view.h"
 #include "safety/ui/backup_view.h"
 #include "safety/ui/restore_view.h"
@@ -36,21 +35,6 @@
 #include <QToolBar>
 
 namespace ostravel {
-
-namespace {
-
-// One overview at a time, as the form is one: an open one comes to the front.
-void showPortfolioexplorer(MDIForm1View& frame, Program& program) {
-    for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) {
-        if (sub->widget() && sub->widget()->objectName() == QStringLiteral("Portfolioexplorer")) {
-            frame.mdiArea()->setActiveSubWindow(sub);
-            return;
-        }
-    }
-    frame.showChild(new Portfolioexplorer(program));
-}
-
-}  // namespace
 
 MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(parent), m_program(program) {
     setObjectName(QStringLiteral("MDIForm1"));
@@ -194,7 +178,7 @@ void MDIForm1View::connectMenu() {
     });
     connect(action(QStringLiteral("mnuallportfolio")), &QAction::triggered, this, [this] {
         selectportfolio(m_program);
-        showPortfolioexplorer(*this, m_program);
+        m_program.module<Screens>().show(QStringLiteral("Portfolioexplorer"));
     });
     connect(action(QStringLiteral("mnu_backup")), &QAction::triggered, this,
             [this] { showChild(new FRM_BACK_UP(m_program)); });
@@ -223,6 +207,18 @@ void MDIForm1View::connectMenu() {
             m_program.module<Screens>().show(QString::fromLatin1(screen));
             refresh();
         });
+}
+
+QWidget* MDIForm1View::showSingleChild(const QString& name, const std::function<QWidget*()>& make) {
+    for (QMdiSubWindow* sub : m_mdi->subWindowList()) {
+        if (sub->widget() && sub->widget()->objectName() == name) {
+            m_mdi->setActiveSubWindow(sub);
+            return sub->widget();
+        }
+    }
+    QWidget* screen = make();
+    showChild(screen);
+    return screen;
 }
 
 void MDIForm1View::showChild(QWidget* screen) {

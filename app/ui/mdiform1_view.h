@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <QHash>
 #include <array>
+#include <functional>
 
 class QAction;
 class QComboBox;
@@ -25,6 +26,8 @@ public:
     QMdiArea* mdiArea() const { return m_mdi; }
     // Shows a screen as a child window placed by PosForm.
     void showChild(QWidget* screen);
+    // A screen that is one window: an open one comes to the front, else make() gives a new one.
+    QWidget* showSingleChild(const QString& name, const std::function<QWidget*()>& make);
     QAction* action(const QString& name) const { return m_actions.value(name); }
 
     // Mirrors the frame's state into the widgets.

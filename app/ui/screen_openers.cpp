@@ -18,8 +18,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QTimer>
 #include <functional>
 
@@ -27,37 +25,31 @@ namespace ostravel {
 
 void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     Screens& screens = program.module<Screens>();
-    (void)frame;
-    (void)screens;
-    // Portfolios and holdings: Create, frmportwizard, Newholding, frmnewsymbol. The two
-    // wizards are modal, over whatever modal screen asked for them; the portfolio manager is a
-    // child window, and the symbol form a window of its own beside the frame.
-    const auto wizardParent = [&frame]() -> QWidget* {
+    // Modal screens open over whatever modal screen asked for them (the deposit over trade).
+    const auto modalParent = [&frame]() -> QWidget* {
         QWidget* modal = QApplication::activeModalWidget();
         return modal ? modal : &frame;
     };
-    screens.setOpener(QStringLiteral("Create"), [wizardParent, &frame, &program] {
+
+    // Portfolios and holdings: Create, frmportwizard, Newholding, frmnewsymbol. The two
+    // wizards are modal; the portfolio manager is a child window, and the symbol form a window
+    // of its own beside the frame.
+    screens.setOpener(QStringLiteral("Create"), [modalParent, &frame, &program] {
         {
-            Create dialog(program, wizardParent());
+            Create dialog(program, modalParent());
             dialog.exec();
         }
         frame.refresh();
     });
-    screens.setOpener(QStringLiteral("Newholding"), [wizardParent, &frame, &program] {
+    screens.setOpener(QStringLiteral("Newholding"), [modalParent, &frame, &program] {
         {
-            Newholding dialog(program, wizardParent());
+            Newholding dialog(program, modalParent());
             dialog.exec();
         }
         frame.refresh();
     });
     screens.setOpener(QStringLiteral("frmportwizard"), [&frame, &program] {
-        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) {
-            if (sub->widget() && sub->widget()->objectName() == QStringLiteral("frmportwizard")) {
-                frame.mdiArea()->setActiveSubWindow(sub);
-                return;
-            }
-        }
-        frame.showChild(new frmportwizard(program));
+        frame.showSingleChild(QStringLiteral("frmportwizard"), [&program] { return new frmportwizard(program); });
     });
     screens.setOpener(QStringLiteral("frmnewsymbol"), [&frame, &program] {
         auto* open = frame.findChild<frmnewsymbol*>(QStringLiteral("frmnewsymbol"));
@@ -70,12 +62,7 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         open->activateWindow();
     });
 
-    // Trades, cash and splits: trade, addremovecash, frmsplit. Each is modal, over whatever
-    // modal screen asked for it (the deposit opens over trade).
-    const auto modalParent = [&frame]() -> QWidget* {
-        QWidget* modal = QApplication::activeModalWidget();
-        return modal ? modal : &frame;
-    };
+    // Trades, cash and splits: trade, addremovecash, frmsplit, each modal.
     screens.setOpener(QStringLiteral("trade"), [modalParent, &program] {
         trade dialog(program, modalParent());
         dialog.exec();
@@ -100,30 +87,16 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
 
     // The equity manager and the settings dialogs: equitymanager, Portfolioexplorer (which the
     // advice asks for), setting.
-    // A child screen is one window: an open one comes to the front, and mirrors its state once
-    // the procedure that asked for it has finished writing there.
-    const auto showOnce = [&frame](const QString& name, const std::function<QWidget*()>& make) {
-        QWidget* screen = nullptr;
-        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) {
-            if (sub->widget() && sub->widget()->objectName() == name) {
-                frame.mdiArea()->setActiveSubWindow(sub);
-                screen = sub->widget();
-            }
-        }
-        if (!screen) {
-            screen = make();
-            frame.showChild(screen);
-        }
-        return screen;
-    };
-    screens.setOpener(QStringLiteral("equitymanager"), [showOnce, &program] {
-        auto* screen = static_cast<equitymanager*>(
-            showOnce(QStringLiteral("equitymanager"), [&program] { return new equitymanager(program); }));
+    // The equity manager mirrors its state again once the procedure that asked for it has
+    // finished writing there.
+    screens.setOpener(QStringLiteral("equitymanager"), [&frame, &program] {
+        auto* screen = static_cast<equitymanager*>(frame.showSingleChild(
+            QStringLiteral("equitymanager"), [&program] { return new equitymanager(program); }));
         screen->refresh();
         QTimer::singleShot(0, screen, &equitymanager::refresh);
     });
-    screens.setOpener(QStringLiteral("Portfolioexplorer"), [showOnce, &program] {
-        showOnce(QStringLiteral("Portfolioexplorer"), [&program] { return new Portfolioexplorer(program); });
+    screens.setOpener(QStringLiteral("Portfolioexplorer"), [&frame, &program] {
+        frame.showSingleChild(QStringLiteral("Portfolioexplorer"), [&program] { return new Portfolioexplorer(program); });
     });
     screens.setOpener(QStringLiteral("setting"), [&frame, &program] {
         setting dialog(program, &frame);
