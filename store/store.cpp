@@ -65,8 +65,8 @@ void Store::connection() {
         {&bank, QStringLiteral("bank")},
         {&transaction_, QStringLiteral("transaction")},
     };
-    for (const auto& [recordset, table] : tables)
-        trapped(m_reporter, kPlace, [&] { *recordset = m_database.openRecordset(table); });
+    for (const auto& entry : tables)
+        trapped(m_reporter, kPlace, [&] { *entry.first = m_database.openRecordset(entry.second); });
     trapped(m_reporter, kPlace, [&] { m_database.execute(QStringLiteral("Delete * from simulation")); });
 }
 
