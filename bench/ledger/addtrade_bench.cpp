@@ -5,11 +5,8 @@
 #include <sqlite3.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "bench/support/bench_folder.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/trade.h"
 #include "store/database.h"
@@ -24,13 +21,12 @@ const QString kPortfolio = QStringLiteral("Large");
 // One program folder for the whole run, filled once.
 class LargePortfolio {
 public:
-    LargePortfolio() {
-        setAppPath(m_dir.path());
-        Database db;
-        openLiveDatabase(db, appFile(kLiveDatabase));
-        Transaction work(db);
-        db.execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, '") +
-                   kPortfolio + QStringLiteral("', #1/3/2005#)"));
+    QString databasePath() const { return m_folder.databasePath(); }
+    const QString& symbol() const { return m_symbol; }
+
+private:
+    void fill(Database& db) {
+        bench::addPortfolio(db, kPortfolio);
         const auto symbols = db.openRecordset(QStringLiteral("select ticker from qoutense"));
         for (int h = 1; h <= kHoldings; ++h, symbols->moveNext()) {
             const QString symbol = symbols->field(0).toString();
@@ -45,20 +41,12 @@ public:
                            .arg(symbol, kPortfolio)
                            .arg(80 + h % 50));
             for (int t = 0; t < kTradesPerHolding; ++t)
-                db.execute(QStringLiteral("insert into trades (fkequityid, EquitySymbol, portname, TradeDate, "
-                                          "Tradedshares, PricePerShare, Commission, Buyselltype) "
-                                          "values (%1, '%2', '%3', #2/17/2006#, 10, 100.5, 8.45, 'Buy')")
-                               .arg(h)
-                               .arg(symbol, kPortfolio));
+                bench::addTrade(db, h, symbol, kPortfolio, {.commission = 8.45});
         }
-        work.commit();
     }
-    QString databasePath() const { return appFile(kLiveDatabase); }
-    const QString& symbol() const { return m_symbol; }
 
-private:
-    QTemporaryDir m_dir;
     QString m_symbol;
+    bench::BenchFolder m_folder{[this](Database& db) { fill(db); }};
 };
 
 LargePortfolio& portfolio() {
@@ -66,19 +54,8 @@ LargePortfolio& portfolio() {
     return large;
 }
 
-struct RunningProgram {
-    RunningProgram() {
-        program.store().connection();
-        program.frame().cmbportfolio.text = kPortfolio;
-        program.frame().cmbequity = portfolio().symbol() + QStringLiteral(".NS");
-    }
-    ScriptedPrompt prompt;
-    Program program{prompt};
-};
-
 void AddTrade(benchmark::State& state) {
-    portfolio();
-    RunningProgram run;
+    bench::RunningProgram run(kPortfolio, portfolio().symbol());
     Trade& trade = run.program.module<Trade>();
     for (auto _ : state) {
         state.PauseTiming();
@@ -99,8 +76,7 @@ BENCHMARK(AddTrade)->Unit(benchmark::kMillisecond);
 
 // The overview's refill alone, which Add Trade ends with.
 void SelectPortfolio(benchmark::State& state) {
-    portfolio();
-    RunningProgram run;
+    bench::RunningProgram run(kPortfolio, portfolio().symbol());
     for (auto _ : state) {
         selectportfolio(run.program);
         benchmark::DoNotOptimize(run.program.module<PortfolioExplorer>().MSFlexGrid1.rows());

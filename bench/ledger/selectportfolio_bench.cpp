@@ -1,13 +1,10 @@
 // selectportfolio over a portfolio of 500 holdings with 20 trades each, beside the floor of
 // reading the same rows, commissions summed, by one plain SQLite query.
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "bench/support/bench_folder.h"
 #include "ledger/portfolioexplorer.h"
 #include "store/database.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -19,58 +16,38 @@ constexpr int kHoldings = 500;
 constexpr int kTradesPerHolding = 20;
 const QString kPortfolio = QStringLiteral("Large");
 
-// One program folder for the whole run, filled once.
-class LargePortfolio {
-public:
-    LargePortfolio() {
-        setAppPath(m_dir.path());
-        Database db;
-        openLiveDatabase(db, appFile(kLiveDatabase));
-        Transaction work(db);
-        db.execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, '") +
-                   kPortfolio + QStringLiteral("', #1/3/2005#)"));
-        const auto symbols = db.openRecordset(QStringLiteral("select ticker from qoutense"));
-        for (int h = 1; h <= kHoldings; ++h, symbols->moveNext()) {
-            const QString symbol = symbols->field(0).toString();
-            // Prices spread so that profits fall on both sides of 0.
-            db.execute(
-                QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, OriginalPrice, "
-                               "OriginalShares, OriginalCash, CurrentShares, CurrentQuotePrice, CurrentCash, "
-                               "peratio, eps, div, volume) values (1, 1, '%1', '%2', 100, 50, 10000, 250, %3, "
-                               "9000.5, 101.25, 98.5, 150000, 120000)")
-                    .arg(symbol, kPortfolio)
-                    .arg(80 + h % 50));
-            for (int t = 0; t < kTradesPerHolding; ++t)
-                db.execute(QStringLiteral("insert into trades (fkequityid, EquitySymbol, portname, TradeDate, "
-                                          "Tradedshares, PricePerShare, Commission, Buyselltype) "
-                                          "values (%1, '%2', '%3', #2/17/2006#, 10, 100.5, 8.45, 'Buy')")
-                               .arg(h)
-                               .arg(symbol, kPortfolio));
-        }
-        work.commit();
+void fillLargePortfolio(Database& db) {
+    bench::addPortfolio(db, kPortfolio);
+    const auto symbols = db.openRecordset(QStringLiteral("select ticker from qoutense"));
+    for (int h = 1; h <= kHoldings; ++h, symbols->moveNext()) {
+        const QString symbol = symbols->field(0).toString();
+        // Prices spread so that profits fall on both sides of 0.
+        db.execute(QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, OriginalPrice, "
+                                  "OriginalShares, OriginalCash, CurrentShares, CurrentQuotePrice, CurrentCash, "
+                                  "peratio, eps, div, volume) values (1, 1, '%1', '%2', 100, 50, 10000, 250, %3, "
+                                  "9000.5, 101.25, 98.5, 150000, 120000)")
+                       .arg(symbol, kPortfolio)
+                       .arg(80 + h % 50));
+        for (int t = 0; t < kTradesPerHolding; ++t)
+            bench::addTrade(db, h, symbol, kPortfolio, {.commission = 8.45});
     }
-    QString databasePath() const { return appFile(kLiveDatabase); }
+}
 
-private:
-    QTemporaryDir m_dir;
-};
-
-LargePortfolio& portfolio() {
-    static LargePortfolio large;
+// One program folder for the whole run, filled once.
+bench::BenchFolder& portfolio() {
+    static bench::BenchFolder large(fillLargePortfolio);
     return large;
 }
 
 void SelectPortfolio(benchmark::State& state) {
     portfolio();
-    ScriptedPrompt prompt;
-    Program program(prompt);
-    program.store().connection();
-    program.frame().cmbportfolio.text = kPortfolio;
+    bench::RunningProgram run(kPortfolio);
+    Program& program = run.program;
     for (auto _ : state) {
         selectportfolio(program);
         benchmark::DoNotOptimize(program.module<PortfolioExplorer>().MSFlexGrid1.rows());
     }
-    if (program.module<PortfolioExplorer>().MSFlexGrid1.rows() != kHoldings + 2 || !prompt.asked().isEmpty())
+    if (program.module<PortfolioExplorer>().MSFlexGrid1.rows() != kHoldings + 2 || !run.prompt.asked().isEmpty())
         state.SkipWithError("the overview was not filled cleanly");
 }
 BENCHMARK(SelectPortfolio)->Unit(benchmark::kMillisecond);

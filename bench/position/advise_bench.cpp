@@ -7,11 +7,8 @@
 #include <sqlite3.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "bench/support/bench_folder.h"
 #include "position/advice.h"
 #include "store/database.h"
 
@@ -24,52 +21,36 @@ constexpr int kTradesPerHolding = 20;
 // benchmark empties it as often, so that it measures a compare of at most this many rows.
 constexpr int kCompareRows = 500;
 
-class GrownFolder {
-public:
-    GrownFolder() {
-        setAppPath(m_dir.path());
-        Database db;
-        openLiveDatabase(db, appFile(kLiveDatabase));
-        Transaction work(db);
-        db.execute(
-            QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) "
-                           "values (1, 'Growth', #1/3/2005#)"));
-        for (int h = 1; h <= kHoldings; ++h) {
-            db.execute(QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, "
-                                      "OriginalPrice, OriginalShares, OriginalCash, CurrentQuotePrice, CurrentCash, "
-                                      "CurrentShares, PortControl, VealieFlag) "
-                                      "values (1, 1, 'S%1', 'Growth', 100, 100, 4000, 120, 5000, 100, 10000, 1)")
-                           .arg(h));
-            for (int t = 0; t < kTradesPerHolding; ++t)
-                db.execute(QStringLiteral("insert into trades (fkequityid, EquitySymbol, portname, TradeDate, "
-                                          "Tradedshares, PricePerShare, Commission, Buyselltype) "
-                                          "values (%1, 'S%1', 'Growth', #2/17/2006#, 10, 100.5, 8.5, '%2')")
-                               .arg(h)
-                               .arg(t % 4 == 0 ? QStringLiteral("Sell") : QStringLiteral("Buy")));
-        }
-        work.commit();
+const QString kPortfolio = QStringLiteral("Growth");
+
+void fillGrownFolder(Database& db) {
+    bench::addPortfolio(db, kPortfolio);
+    for (int h = 1; h <= kHoldings; ++h) {
+        const QString symbol = QStringLiteral("S%1").arg(h);
+        db.execute(QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, "
+                                  "OriginalPrice, OriginalShares, OriginalCash, CurrentQuotePrice, CurrentCash, "
+                                  "CurrentShares, PortControl, VealieFlag) "
+                                  "values (1, 1, '%1', '%2', 100, 100, 4000, 120, 5000, 100, 10000, 1)")
+                       .arg(symbol, kPortfolio));
+        for (int t = 0; t < kTradesPerHolding; ++t)
+            bench::addTrade(db, h, symbol, kPortfolio,
+                            {.kind = t % 4 == 0 ? QStringLiteral("Sell") : QStringLiteral("Buy")});
     }
+}
 
-private:
-    QTemporaryDir m_dir;
-};
-
-GrownFolder& folder() {
-    static GrownFolder grown;
+bench::BenchFolder& folder() {
+    static bench::BenchFolder grown(fillGrownFolder);
     return grown;
 }
 
 void adviseRepeatedly(benchmark::State& state, bool flushed) {
     folder();
-    ScriptedPrompt prompt;
-    Program program(prompt);
-    program.store().connection();
+    bench::RunningProgram run(kPortfolio, QStringLiteral("S25"));
+    Program& program = run.program;
     if (!flushed) {
         program.store().database().connection()->run(QStringLiteral("PRAGMA journal_mode=MEMORY"));
         program.store().database().connection()->run(QStringLiteral("PRAGMA synchronous=OFF"));
     }
-    program.frame().cmbportfolio.text = QStringLiteral("Growth");
-    program.frame().cmbequity = QStringLiteral("S25.NS");
     int sinceEmptied = 0;
     for (auto _ : state) {
         if (++sinceEmptied == kCompareRows) {
@@ -80,7 +61,7 @@ void adviseRepeatedly(benchmark::State& state, bool flushed) {
         }
         benchmark::DoNotOptimize(advise(program));
     }
-    if (!prompt.asked().isEmpty())
+    if (!run.prompt.asked().isEmpty())
         state.SkipWithError("advise asked or reported something");
 }
 
@@ -96,8 +77,7 @@ BENCHMARK(AdviseWithoutFlushes)->Unit(benchmark::kMicrosecond);
 
 // The floor: one select of the holding row, by its symbol and portfolio, with SQLite alone.
 void BareSelectOfTheHolding(benchmark::State& state) {
-    folder();
-    const QByteArray path = QFile::encodeName(appFile(kLiveDatabase));
+    const QByteArray path = QFile::encodeName(folder().databasePath());
     sqlite3* handle = nullptr;
     sqlite3_open_v2(path.constData(), &handle, SQLITE_OPEN_READWRITE, nullptr);
     for (auto _ : state) {
@@ -115,8 +95,7 @@ BENCHMARK(BareSelectOfTheHolding)->Unit(benchmark::kMicrosecond);
 // The floor of storing anything: one figure into the holding row, committed as durably as the
 // store commits (rollback journal, full sync), with SQLite alone.
 void BareDurableUpdateOfTheHolding(benchmark::State& state) {
-    folder();
-    const QByteArray path = QFile::encodeName(appFile(kLiveDatabase));
+    const QByteArray path = QFile::encodeName(folder().databasePath());
     sqlite3* handle = nullptr;
     sqlite3_open_v2(path.constData(), &handle, SQLITE_OPEN_READWRITE, nullptr);
     sqlite3_exec(handle, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);

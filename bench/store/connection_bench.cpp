@@ -1,8 +1,8 @@
 // connection on a grown database (500 holdings, 10,000 trades) beside the bare cost of
 // opening the file and counting the rows of each table with SQLite alone.
-#include "app/base/apppath.h"
 #include "app/base/reporterror.h"
 #include "app/base/scripted_prompt.h"
+#include "bench/support/bench_folder.h"
 #include "store/database.h"
 #include "store/store.h"
 
@@ -10,7 +10,6 @@
 #include <sqlite3.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
 namespace ostravel {
 namespace {
@@ -19,45 +18,25 @@ constexpr int kPortfolios = 10;
 constexpr int kHoldings = 500;
 constexpr int kTradesPerHolding = 20;
 
-// One program folder for the whole run, filled once.
-class GrownFolder {
-public:
-    GrownFolder() {
-        setAppPath(m_dir.path());
-        Database db;
-        openLiveDatabase(db, appFile(kLiveDatabase));
-        Transaction work(db);
-        for (int p = 1; p <= kPortfolios; ++p)
-            db.execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) "
-                                      "values (1, 'Portfolio %1', #1/3/2005#)")
-                           .arg(p));
-        const auto symbols = db.openRecordset(QStringLiteral("select ticker from qoutense"));
-        for (int h = 1; h <= kHoldings; ++h, symbols->moveNext()) {
-            const int portfolio = (h - 1) % kPortfolios + 1;
-            const QString symbol = symbols->field(0).toString();
-            db.execute(QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, "
-                                      "OriginalPrice, OriginalShares, CurrentShares, EquityStartDate, VealieFlag) "
-                                      "values (%1, 1, '%2', 'Portfolio %1', 100, 50, 50, #1/3/2005#, 1)")
-                           .arg(portfolio)
-                           .arg(symbol));
-            for (int t = 0; t < kTradesPerHolding; ++t)
-                db.execute(QStringLiteral("insert into trades (fkequityid, EquitySymbol, portname, TradeDate, "
-                                          "Tradedshares, PricePerShare, Commission, Buyselltype, TradeQuotePrice) "
-                                          "values (%1, '%2', 'Portfolio %3', #2/17/2006#, 10, 100.5, 8.5, 'Buy', 100.5)")
-                               .arg(h)
-                               .arg(symbol)
-                               .arg(portfolio));
-        }
-        work.commit();
+void fillGrownFolder(Database& db) {
+    for (int p = 1; p <= kPortfolios; ++p) bench::addPortfolio(db, QStringLiteral("Portfolio %1").arg(p));
+    const auto symbols = db.openRecordset(QStringLiteral("select ticker from qoutense"));
+    for (int h = 1; h <= kHoldings; ++h, symbols->moveNext()) {
+        const int portfolio = (h - 1) % kPortfolios + 1;
+        const QString symbol = symbols->field(0).toString();
+        db.execute(QStringLiteral("insert into equity (fkPortfolioID, fkUserID, EquitySymbol, portname, "
+                                  "OriginalPrice, OriginalShares, CurrentShares, EquityStartDate, VealieFlag) "
+                                  "values (%1, 1, '%2', 'Portfolio %1', 100, 50, 50, #1/3/2005#, 1)")
+                       .arg(portfolio)
+                       .arg(symbol));
+        for (int t = 0; t < kTradesPerHolding; ++t)
+            bench::addTrade(db, h, symbol, QStringLiteral("Portfolio %1").arg(portfolio), {.quoted = true});
     }
-    QString databasePath() const { return appFile(kLiveDatabase); }
+}
 
-private:
-    QTemporaryDir m_dir;
-};
-
-GrownFolder& folder() {
-    static GrownFolder grown;
+// One program folder for the whole run, filled once.
+bench::BenchFolder& folder() {
+    static bench::BenchFolder grown(fillGrownFolder);
     return grown;
 }
 

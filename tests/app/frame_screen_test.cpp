@@ -1,11 +1,8 @@
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "app/menu_tree.h"
-#include "app/program.h"
-#include "app/program_folder.h"
 #include "app/ui/mdiform1_view.h"
 #include "app/ui/quick_view.h"
 #include "app/ui/splash_view.h"
+#include "tests/support/program_screen_test.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -17,29 +14,17 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolBar>
 
 using namespace ostravel;
 
-class FrameScreenTest : public QObject {
+class FrameScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        QVERIFY(prepareProgramFolder().isEmpty());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
-    }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void init() { QVERIFY(openProgram()); }
+    void cleanup() { closeProgram(); }
 
     void frameOpensOnSimulationWithTheCoolBarInOrder() {
         MDIForm1View frame(*m_program);
@@ -161,11 +146,6 @@ private Q_SLOTS:
             QVERIFY(shown.wait(3000));  // two seconds, then the frame
         }
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(FrameScreenTest)

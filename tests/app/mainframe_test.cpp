@@ -1,37 +1,25 @@
 #include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
 #include "app/single_instance.h"
-#include "store/sqltext.h"
+#include "tests/support/program_test.h"
+#include "tests/support/store_rows.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
-
 namespace ostravel {
 namespace {
 
-class MainFrameTest : public ::testing::Test {
+class MainFrameTest : public test::ProgramTest {
 protected:
-    void SetUp() override {
-        setAppPath(m_dir.path());
-        m_program.store().connection();
-    }
     Store& store() { return m_program.store(); }
     MainFrame& frame() { return m_program.frame(); }
     int count(const QString& table) {
         return int(store().database().openRecordset(QStringLiteral("select count(*) from ") + table)->field(0).toLong());
     }
     void addPortfolio(const QString& name) {
-        store().database().execute(QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, '") +
-                             sqlText(name) + QStringLiteral("', '2020-01-01')"));
+        test::addPortfolio(store().database(), name, QStringLiteral("2020-01-01"));
     }
-
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
 };
 
 TEST_F(MainFrameTest, EmptyDatabaseOpensWithSimulationAlone) {

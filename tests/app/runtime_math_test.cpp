@@ -1,23 +1,14 @@
 // Val, the two roundings, Str and CStr, and the integer and single-precision conversions.
 #include "app/base/vberror.h"
 #include "app/base/vbmath.h"
+#include "tests/support/raised.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace ostravel {
 namespace {
 
-int errorNumberOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const VbError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 struct ValCase {
     const char* text;
@@ -46,8 +37,8 @@ INSTANTIATE_TEST_SUITE_P(Val, ValTest,
 
 TEST(ValTest, NumbersTooLargeOverflow)
 {
-    EXPECT_EQ(errorNumberOf([] { Val(QStringLiteral("1e400")); }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] { Val(QStringLiteral("&H100000000")); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { Val(QStringLiteral("1e400")); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { Val(QStringLiteral("&H100000000")); }), err::Overflow);
 }
 
 struct ParseCase {
@@ -112,7 +103,7 @@ TEST(RoundTest, LeavesValuesWithNothingToRound)
 
 TEST(RoundTest, NegativeDigitsAreAnInvalidCall)
 {
-    EXPECT_EQ(errorNumberOf([] { Round(1.5, -1); }), err::InvalidProcedureCall);
+    EXPECT_EQ(errorOf([] { Round(1.5, -1); }), err::InvalidProcedureCall);
 }
 
 struct FixedCase {
@@ -178,7 +169,7 @@ TEST_P(ToIntegerTest, RoundsToEvenWithin16Bits)
 {
     const IntegerCase& c = GetParam();
     if (c.overflow) {
-        EXPECT_EQ(errorNumberOf([&] { toInteger(c.value); }), err::Overflow) << c.value;
+        EXPECT_EQ(errorOf([&] { toInteger(c.value); }), err::Overflow) << c.value;
     } else {
         EXPECT_EQ(toInteger(c.value), c.expected) << c.value;
     }
@@ -197,9 +188,9 @@ TEST(ToLongIntegerTest, RoundsToEvenWithin32Bits)
     EXPECT_EQ(toLongInteger(-5.5), -6);
     EXPECT_EQ(toLongInteger(2147483647.4), 2147483647);
     EXPECT_EQ(toLongInteger(-2147483648.0), -2147483647 - 1);
-    EXPECT_EQ(errorNumberOf([] { toLongInteger(2147483647.5); }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] { toLongInteger(-2147483649.0); }), err::Overflow);
-    EXPECT_EQ(errorNumberOf([] { toLongInteger(3e12); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { toLongInteger(2147483647.5); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { toLongInteger(-2147483649.0); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { toLongInteger(3e12); }), err::Overflow);
 }
 
 TEST(SingleTest, KeepsTheRoundingOfA32BitFloat)

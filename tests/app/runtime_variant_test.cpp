@@ -1,6 +1,7 @@
 // The variant's conversions: Null raises 94, a text that is no number 13; and the error type.
 #include "app/base/variant.h"
 #include "app/base/vberror.h"
+#include "tests/support/raised.h"
 
 #include <gtest/gtest.h>
 
@@ -9,15 +10,7 @@
 namespace ostravel {
 namespace {
 
-int errorNumberOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const VbError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 struct Conversion {
     const char* name;
@@ -33,7 +26,7 @@ const Conversion kConversions[] = {
 TEST(VariantTest, NullRaisesInvalidUseOfNull)
 {
     for (const Conversion& conversion : kConversions)
-        EXPECT_EQ(errorNumberOf([&] { conversion.convert(Variant::null()); }), err::InvalidUseOfNull) << conversion.name;
+        EXPECT_EQ(errorOf([&] { conversion.convert(Variant::null()); }), err::InvalidUseOfNull) << conversion.name;
 }
 
 class TextNoNumberTest : public ::testing::TestWithParam<const char*> {};
@@ -41,9 +34,9 @@ class TextNoNumberTest : public ::testing::TestWithParam<const char*> {};
 TEST_P(TextNoNumberTest, RaisesTypeMismatch)
 {
     const Variant text(GetParam());
-    EXPECT_EQ(errorNumberOf([&] { text.toDouble(); }), err::TypeMismatch) << GetParam();
-    EXPECT_EQ(errorNumberOf([&] { text.toLong(); }), err::TypeMismatch) << GetParam();
-    EXPECT_EQ(errorNumberOf([&] { text.toBool(); }), err::TypeMismatch) << GetParam();
+    EXPECT_EQ(errorOf([&] { text.toDouble(); }), err::TypeMismatch) << GetParam();
+    EXPECT_EQ(errorOf([&] { text.toLong(); }), err::TypeMismatch) << GetParam();
+    EXPECT_EQ(errorOf([&] { text.toBool(); }), err::TypeMismatch) << GetParam();
     EXPECT_FALSE(text.isNumeric());
 }
 
@@ -88,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(VariantTest, LongOutOfRangeOverflows)
 {
-    EXPECT_EQ(errorNumberOf([] { Variant(1e19).toLong(); }), err::Overflow);
+    EXPECT_EQ(errorOf([] { Variant(1e19).toLong(); }), err::Overflow);
 }
 
 TEST(VariantTest, ToBoolReadsWordsAndNumbers)
@@ -104,7 +97,7 @@ TEST(VariantTest, ToDateParsesTexts)
 {
     EXPECT_EQ(Variant("17/Feb/2006").toDate(), 38765.0);
     EXPECT_EQ(Variant(38765).toDate(), 38765.0);
-    EXPECT_EQ(errorNumberOf([] { Variant("Date").toDate(); }), err::TypeMismatch);
+    EXPECT_EQ(errorOf([] { Variant("Date").toDate(); }), err::TypeMismatch);
 }
 
 TEST(VariantTest, IsNumericTakesNumbersAndNumericTexts)

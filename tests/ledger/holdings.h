@@ -19,6 +19,7 @@ struct TestHolding {
     double currentCash = 0;
 };
 
+// A portfolio started on 2 January 2024.
 void addPortfolio(Database& db, const QString& name);
 void addHolding(Database& db, const QString& portfolio, const TestHolding& holding);
 // A trade with the given commission; none stores Null.

@@ -7,12 +7,14 @@
 #include <csignal>
 #include <functional>
 
+#include "app/base/apppath.h"
 #include "app/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/trade.h"
 #include "store/database.h"
 #include "tests/ledger/trade_fixture.h"
+#include "tests/support/selection.h"
 
 namespace ostravel {
 namespace {
@@ -93,11 +95,8 @@ QStringList snapshot() {
 class LedgerCrashTest : public ::testing::TestWithParam<CrashCase> {
 protected:
     LedgerCrashTest() {
-        setAppPath(m_dir.path());
-        ScriptedPrompt prompt;
-        Program program(prompt);
-        program.store().connection();
-        LedgerRows rows(program);
+        const test::ProgramFolder folder(m_dir.path(), test::FolderSetup::Bare);
+        LedgerRows rows(*folder.program);
         rows.addHolding(kInfy, kGrowth, Ledger{100, 10, 1000, 15, 400, 1300, 106.67, 120, 100});
         rows.addTrade(kInfy, kGrowth, 10, 100, 1, QStringLiteral("Buy"));
         rows.addTrade(kInfy, kGrowth, 5, 120, 1, QStringLiteral("Buy"));
@@ -113,8 +112,7 @@ protected:
                 prompt.answer(Answer::Yes);  // the deposit's question
                 Program program(prompt, [] { ::_exit(4); });
                 program.store().connection();
-                program.frame().cmbportfolio.text = kGrowth;
-                program.frame().cmbequity = kInfy + QStringLiteral(".NS");
+                test::selectHolding(program.frame(), kInfy, kGrowth);
                 runAction(program, action, [point](const char* reached) {
                     if (point && QByteArray(reached) == point)
                         ::kill(::getpid(), SIGKILL);

@@ -1,5 +1,4 @@
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -9,16 +8,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
-#include <QTimer>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "app/base/vbdate.h"
-#include "app/program.h"
-#include "app/program_folder.h"
 #include "app/screens.h"
 #include "app/ui/mdiform1_view.h"
 #include "ledger/datecaption.h"
@@ -29,6 +22,8 @@
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"
 #include "tests/ledger/wizard_rows.h"
+#include "tests/support/modal_dialog.h"
+#include "tests/support/program_screen_test.h"
 #include "tools/ui/datepicker.h"
 
 using namespace ostravel;
@@ -53,22 +48,11 @@ void clickCell(QTableWidget* grid, int row, int col) {
 
 }  // namespace
 
-class PortfolioWizardsScreenTest : public QObject {
+class PortfolioWizardsScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
 private Q_SLOTS:
-    void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        QVERIFY(prepareProgramFolder().isEmpty());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
-    }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void init() { QVERIFY(openProgram()); }
+    void cleanup() { closeProgram(); }
 
     void createAddsAPortfolioAndThenOnlyGoesForward() {
         m_program->frame().MDIForm_Load();
@@ -244,14 +228,7 @@ private Q_SLOTS:
         for (const Case& c : {Case{"createnewport", "Create"}, Case{"AddNewEquity", "Newholding"}}) {
             QAction* action = frame.action(QString::fromLatin1(c.action));
             QVERIFY2(action->isEnabled(), c.action);
-            QString shown;
-            QTimer::singleShot(0, [&] {
-                if (QWidget* dialog = QApplication::activeModalWidget()) {
-                    shown = dialog->objectName();
-                    dialog->close();
-                }
-            });
-            action->trigger();
+            const QString shown = test::modalDialogOf([&] { action->trigger(); });
             QCOMPARE(shown, QString::fromLatin1(c.screen));
         }
 
@@ -270,23 +247,11 @@ private Q_SLOTS:
         for (const char* name : {"cmdadd", "cmdcreate"}) {
             auto* button = child(overview, name);
             QVERIFY2(button->isEnabled(), name);
-            QString shown;
-            QTimer::singleShot(0, [&] {
-                if (QWidget* dialog = QApplication::activeModalWidget()) {
-                    shown = dialog->objectName();
-                    dialog->close();
-                }
-            });
-            button->click();
+            const QString shown = test::modalDialogOf([&] { button->click(); });
             QCOMPARE(shown, QString::fromLatin1(name) == QLatin1String("cmdadd") ? QStringLiteral("Newholding")
                                                                                  : QStringLiteral("Create"));
         }
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(PortfolioWizardsScreenTest)

@@ -1,12 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-#include <ostream>
-
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "app/base/vbdate.h"
-#include "app/program.h"
 #include "app/screens.h"
 #include "ledger/create.h"
 #include "ledger/datecaption.h"
@@ -17,13 +9,9 @@
 #include "ledger/trade.h"
 #include "tests/ledger/holdings.h"
 #include "tests/ledger/wizard_rows.h"
+#include "tests/support/program_test.h"
 
 namespace ostravel {
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
 namespace {
 
 struct Question {
@@ -38,13 +26,8 @@ QString tomorrowCaption() {
     return pickedDateCaption(today() + 1);
 }
 
-class WizardTest : public ::testing::Test {
+class WizardTest : public test::ProgramTest {
 protected:
-    WizardTest() {
-        setAppPath(m_dir.path());
-        m_program.store().connection();
-    }
-
     Database& db() { return m_program.store().database(); }
     QStringList rows(const QString& sql) { return tableRows(db(), sql); }
     // The frame as it opens: "Simulation" and the portfolios in its list.
@@ -61,10 +44,6 @@ protected:
             EXPECT_EQ(asked[i].buttons, expected[i].buttons) << expected[i].text.toStdString();
         }
     }
-
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
 };
 
 // ---- Create -------------------------------------------------------------------------------
@@ -206,7 +185,7 @@ TEST_F(CreateTest, RenameLeavesTheHoldingsUnderTheOldName) {
 
 TEST_F(CreateTest, DeleteTakesThePortfoliosHoldingsAndTradesWithIt) {
     addPortfolio(db(), QStringLiteral("Growth"));
-    addPortfolio(db(), QStringLiteral("Dr. Reddy''s"));
+    addPortfolio(db(), QStringLiteral("Dr. Reddy's"));
     const KeyedHolding infy{"Growth", "INFY"};
     const KeyedHolding tcs{"Growth", "TCS"};
     const KeyedHolding wipro{"Dr. Reddy's", "WIPRO"};
@@ -348,16 +327,13 @@ TEST_F(PortfolioManagerTest, TradeWizardHandsTheSelectionToTheFrame) {
     EXPECT_FALSE(m_manager.loaded);
 }
 
-TEST(PortfolioManagerEmpty, LoadWithoutPortfoliosIsQuiet) {
-    QTemporaryDir dir;
-    setAppPath(dir.path());
-    ScriptedPrompt prompt;
-    Program program(prompt, [] { FAIL() << "the program was ended"; });
-    program.store().connection();
-    PortfolioManager& manager = program.module<PortfolioManager>();
+class PortfolioManagerEmpty : public test::ProgramTest {};
+
+TEST_F(PortfolioManagerEmpty, LoadWithoutPortfoliosIsQuiet) {
+    PortfolioManager& manager = m_program.module<PortfolioManager>();
     manager.load();
     EXPECT_TRUE(manager.Combo1.items.isEmpty());
-    EXPECT_TRUE(prompt.asked().isEmpty());
+    EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
 // ---- Newholding ---------------------------------------------------------------------------

@@ -1,14 +1,11 @@
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-#include "app/program_folder.h"
 #include "app/ui/mdiform1_view.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"
+#include "tests/support/modal_dialog.h"
+#include "tests/support/program_screen_test.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,7 +13,6 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -28,16 +24,11 @@ const QString kPortfolio = QStringLiteral("Growth");
 
 }  // namespace
 
-class PortfolioexplorerScreenTest : public QObject {
+class PortfolioexplorerScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
 private Q_SLOTS:
     void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        QVERIFY(prepareProgramFolder().isEmpty());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
+        QVERIFY(openProgram());
         Database& db = m_program->store().database();
         addPortfolio(db, kPortfolio);
         addHolding(db, kPortfolio, {QStringLiteral("INFY"), 100, 10, 1000, 12, 150.55, 800.9});
@@ -45,11 +36,7 @@ private Q_SLOTS:
         addHolding(db, kPortfolio, {QStringLiteral("TCS"), 200, 5, 500, 5, 180.2, 500});
         setAdvice(db, kPortfolio, QStringLiteral("TCS"), 95.5, 10, 120.25, 8, QStringLiteral("2024-03-05"));
     }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void cleanup() { closeProgram(); }
 
     void gridsShowTheOverviewWithHeadingsWidthsAndColours() {
         m_program->frame().cmbportfolio.text = kPortfolio;
@@ -171,21 +158,9 @@ private Q_SLOTS:
         MDIForm1View frame(*m_program);
         QAction* preference = frame.action(QStringLiteral("UserPreferance"));
         QVERIFY(preference->isEnabled());
-        QString shown;
-        QTimer::singleShot(0, [&] {
-            if (QWidget* dialog = QApplication::activeModalWidget()) {
-                shown = dialog->objectName();
-                dialog->close();
-            }
-        });
-        preference->trigger();
+        const QString shown = test::modalDialogOf([&] { preference->trigger(); });
         QCOMPARE(shown, QStringLiteral("websetting"));
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(PortfolioexplorerScreenTest)

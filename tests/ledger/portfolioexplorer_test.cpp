@@ -1,14 +1,8 @@
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
 #include "app/screens.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/equitymanager.h"
 #include "tests/ledger/holdings.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "tests/support/program_test.h"
 
 namespace ostravel {
 namespace {
@@ -17,11 +11,9 @@ constexpr std::uint32_t kRed = 255;
 constexpr std::uint32_t kGreen = 65280;
 const QString kPortfolio = QStringLiteral("Growth");
 
-class PortfolioExplorerTest : public ::testing::Test {
+class PortfolioExplorerTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        setAppPath(m_dir.path());
-        m_program.store().connection();
         addPortfolio(db(), kPortfolio);
         m_program.frame().cmbportfolio.text = kPortfolio;
     }
@@ -37,10 +29,6 @@ protected:
     void holdingWithProfit(const QString& symbol, double profit) {
         addHolding(db(), kPortfolio, {symbol, 0, 0, 0, 1, profit, 0});
     }
-
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
 };
 
 TEST_F(PortfolioExplorerTest, SmallPortfolioWorkedByHand) {

@@ -1,13 +1,11 @@
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-#include "app/program_folder.h"
 #include "position/frmmodel.h"
 #include "position/setting.h"
 #include "position/ui/frmmodel_view.h"
 #include "position/ui/setting_view.h"
 #include "position/ui/websetting_view.h"
 #include "tests/ledger/holdings.h"
+#include "tests/support/program_screen_test.h"
+#include "tests/support/selection.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,7 +15,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -35,28 +32,18 @@ QStringList labelTexts(const QWidget& dialog) {
 
 }  // namespace
 
-class PositionDialogsScreenTest : public QObject {
+class PositionDialogsScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
 private Q_SLOTS:
     void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        QVERIFY(prepareProgramFolder().isEmpty());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
+        QVERIFY(openProgram());
         Database& db = m_program->store().database();
         addPortfolio(db, kPortfolio);
         addHolding(db, kPortfolio, {QStringLiteral("INFY"), 100, 10, 1000, 10, 120, 1000});
         addTrade(db, kPortfolio, QStringLiteral("INFY"), 5);  // 10 shares at 100
-        m_program->frame().cmbportfolio.text = kPortfolio;
-        m_program->frame().cmbequity = QStringLiteral("INFY.NS");
+        test::selectHolding(m_program->frame(), QStringLiteral("INFY"), kPortfolio);
     }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void cleanup() { closeProgram(); }
 
     void settingShowsItsCaptionsAndProposesTheCash() {
         m_program->module<Setting>().caption = QStringLiteral("Setting for INFY");
@@ -265,11 +252,6 @@ private Q_SLOTS:
         QVERIFY(!dialog.isVisible());
         QVERIFY(create);
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(PositionDialogsScreenTest)

@@ -2,15 +2,7 @@
 // a buy and a sell through the equity manager's Add Trade, a deposit, a split, Recalculate.
 // Every screen is driven through its state as its widget would drive it; the answers are
 // scripted and every question is read back.
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-#include <ostream>
-
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "app/base/vbdate.h"
-#include "app/program.h"
 #include "app/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/create.h"
@@ -21,21 +13,16 @@
 #include "position/equitymanager_actions.h"
 #include "position/setting.h"
 #include "store/database.h"
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
+#include "tests/support/program_test.h"
 
 namespace ostravel {
 namespace {
 
 const QString kPortfolio = QStringLiteral("Growth");
 
-class SessionTest : public ::testing::Test {
+class SessionTest : public test::ProgramTest {
 protected:
     void SetUp() override {
-        setAppPath(m_dir.path());
-        m_program.store().connection();
         // The main frame as the program starts it: "Simulation" chosen.
         m_program.frame().MDIForm_Load();
     }
@@ -82,10 +69,6 @@ protected:
         screen.cmdadd_Click();
         screen.cmdclose_Click();
     }
-
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
 };
 
 TEST_F(SessionTest, FromAnEmptyFolderToARecalculatedHolding) {

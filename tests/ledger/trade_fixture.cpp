@@ -2,20 +2,19 @@
 
 #include <QFile>
 
+#include "app/base/apppath.h"
 #include "store/database.h"
 #include "store/sqltext.h"
+#include "tests/support/selection.h"
+#include "tests/support/store_rows.h"
 
 namespace ostravel {
 
+using test::holdingWhere;
+using test::sqlNumber;
+using test::sqlNumberOrNull;
+
 namespace {
-
-QString num(double value) {
-    return QString::number(value, 'g', 17);
-}
-
-QString numOrNull(const std::optional<double>& value) {
-    return value ? num(*value) : QStringLiteral("NULL");
-}
 
 std::optional<double> optionalNumber(const Variant& value) {
     if (value.isNull())
@@ -23,18 +22,10 @@ std::optional<double> optionalNumber(const Variant& value) {
     return value.toDouble();
 }
 
-QString holdingWhere(const QString& symbol, const QString& portfolio) {
-    return QStringLiteral(" where EquitySymbol='") + sqlText(symbol) + QStringLiteral("' and portname='") +
-           sqlText(portfolio) + QLatin1Char('\'');
-}
-
 }  // namespace
 
 void LedgerRows::addPortfolio(const QString& portfolio) {
-    m_program.store().database().execute(
-        QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) select 1, '%1', '2020-01-01' "
-                       "where not exists (select 1 from portfolio where PortfolioName='%1')")
-            .arg(sqlText(portfolio)));
+    test::addPortfolio(m_program.store().database(), portfolio, QStringLiteral("2020-01-01"));
 }
 
 void LedgerRows::addHolding(const QString& symbol, const QString& portfolio, const Ledger& l) {
@@ -44,10 +35,10 @@ void LedgerRows::addHolding(const QString& symbol, const QString& portfolio, con
                        "OriginalShares, OriginalCash, CurrentShares, CurrentCash, PortControl, cps, "
                        "CurrentQuotePrice, LastTradePrice) values ((select pkPortfolioID from portfolio where "
                        "PortfolioName='%1'), '%2', '%1', 1, %3, %4, %5, %6, %7, %8, %9, %10, %11)")
-            .arg(sqlText(portfolio), sqlText(symbol), numOrNull(l.OriginalPrice), numOrNull(l.OriginalShares),
-                 numOrNull(l.OriginalCash), numOrNull(l.CurrentShares), numOrNull(l.CurrentCash),
-                 numOrNull(l.PortControl), numOrNull(l.cps))
-            .arg(numOrNull(l.CurrentQuotePrice), numOrNull(l.LastTradePrice)));
+            .arg(sqlText(portfolio), sqlText(symbol), sqlNumberOrNull(l.OriginalPrice),
+                 sqlNumberOrNull(l.OriginalShares), sqlNumberOrNull(l.OriginalCash), sqlNumberOrNull(l.CurrentShares),
+                 sqlNumberOrNull(l.CurrentCash), sqlNumberOrNull(l.PortControl), sqlNumberOrNull(l.cps))
+            .arg(sqlNumberOrNull(l.CurrentQuotePrice), sqlNumberOrNull(l.LastTradePrice)));
 }
 
 long long LedgerRows::addTrade(const QString& symbol, const QString& portfolio, double shares, double price,
@@ -56,8 +47,8 @@ long long LedgerRows::addTrade(const QString& symbol, const QString& portfolio, 
     db.execute(QStringLiteral("insert into trades (fkequityid, EquitySymbol, portname, TradeDate, Tradedshares, "
                               "PricePerShare, Commission, Buyselltype, TradeQuotePrice) values ((select pkEquityID "
                               "from equity%1), '%2', '%3', '%4', %5, %6, %7, '%8', %6)")
-                   .arg(holdingWhere(symbol, portfolio), sqlText(symbol), sqlText(portfolio), date, num(shares),
-                        num(price), num(commission), kind));
+                   .arg(holdingWhere(symbol, portfolio), sqlText(symbol), sqlText(portfolio), date, sqlNumber(shares),
+                        sqlNumber(price), sqlNumber(commission), kind));
     return scalar(QStringLiteral("select max(pktradeid) from trades")).toLongLong();
 }
 
@@ -83,20 +74,11 @@ int LedgerRows::tradeCount(const QString& symbol, const QString& portfolio) {
 }
 
 QVariant LedgerRows::scalar(const QString& sql) {
-    const Variant value = m_program.store().database().openRecordset(sql)->field(0);
-    if (value.isNull())
-        return {};
-    return value.kind() == Variant::Kind::String ? QVariant(value.toString()) : QVariant(value.toDouble());
-}
-
-LedgerTest::LedgerTest() {
-    setAppPath(m_dir.path());
-    m_program.store().connection();
+    return test::scalar(m_program.store().database(), sql);
 }
 
 void LedgerTest::select(const QString& symbol, const QString& portfolio) {
-    m_program.frame().cmbportfolio.text = portfolio;
-    m_program.frame().cmbequity = symbol + QStringLiteral(".NS");
+    test::selectHolding(m_program.frame(), symbol, portfolio);
 }
 
 QStringList LedgerTest::errorLog() const {

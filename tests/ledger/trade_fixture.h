@@ -2,19 +2,9 @@
 // trades written straight into the store, and the ledger columns of a holding read back.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/support/program_test.h"
 
-#include <QTemporaryDir>
 #include <optional>
-#include <ostream>
-
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace ostravel {
 
@@ -28,7 +18,7 @@ struct Ledger {
 inline const QString kGrowth = QStringLiteral("Growth");
 inline const QString kInfy = QStringLiteral("INFY");
 
-// Writes a holding's rows into the database at `folder`, without a running program.
+// Writes a holding's rows straight into the program's database.
 class LedgerRows {
 public:
     explicit LedgerRows(Program& program) : m_program(program) {}
@@ -50,10 +40,8 @@ private:
     Program& m_program;
 };
 
-class LedgerTest : public ::testing::Test {
+class LedgerTest : public test::ProgramTest {
 protected:
-    LedgerTest();
-
     // The main frame's selection: the portfolio and the code with ".NS".
     void select(const QString& symbol, const QString& portfolio = kGrowth);
     // The entries of ErrorLog.txt, one text each.
@@ -63,9 +51,6 @@ protected:
         for (int i = 0; i < count; ++i) m_prompt.answer(Answer::OK);
     }
 
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
     LedgerRows m_rows{m_program};
 };
 

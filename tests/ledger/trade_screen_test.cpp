@@ -8,15 +8,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
 #include <memory>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-#include "app/program_folder.h"
 #include "app/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
@@ -25,6 +20,9 @@
 #include "ledger/ui/frmsplit_view.h"
 #include "ledger/ui/trade_view.h"
 #include "store/database.h"
+#include "tests/support/program_screen_test.h"
+#include "tests/support/selection.h"
+#include "tests/support/store_rows.h"
 #include "tools/ui/datepicker.h"
 
 using namespace ostravel;
@@ -40,7 +38,7 @@ T* child(QWidget& screen, const char* name) {
 
 }  // namespace
 
-class TradeScreensTest : public QObject {
+class TradeScreensTest : public test::ProgramScreenTest {
     Q_OBJECT
 private:
     double column(const QString& name) {
@@ -54,16 +52,9 @@ private:
 
 private Q_SLOTS:
     void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        QVERIFY(prepareProgramFolder().isEmpty());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
+        QVERIFY(openProgram());
         Database& db = m_program->store().database();
-        db.execute(
-            QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, 'Growth', "
-                           "'2020-01-01')"));
+        test::addPortfolio(db, kPortfolio, QStringLiteral("2020-01-01"));
         db.execute(QStringLiteral(
             "insert into equity (fkPortfolioID, EquitySymbol, portname, VealieFlag, OriginalPrice, OriginalShares, "
             "OriginalCash, CurrentShares, CurrentCash, PortControl, cps, CurrentQuotePrice, LastTradePrice) "
@@ -73,14 +64,9 @@ private Q_SLOTS:
                            "PricePerShare, Commission, Buyselltype) values (1, 'INFY', 'Growth', "
                            "'2024-01-03', 10, 100, 8.5, 'Buy')"));
         db.execute(QStringLiteral("update users set BuyFee=0.85, SellFee=0.85"));
-        m_program->frame().cmbportfolio.text = kPortfolio;
-        m_program->frame().cmbequity = QStringLiteral("INFY.NS");
+        test::selectHolding(m_program->frame(), QStringLiteral("INFY"), kPortfolio);
     }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void cleanup() { closeProgram(); }
 
     void tradeTakesABuyTypedAndClicked() {
         Trade& state = m_program->module<Trade>();
@@ -226,11 +212,6 @@ private Q_SLOTS:
         QVERIFY(!again.isVisible());
         QCOMPARE(column(QStringLiteral("CurrentShares")), 5.0);
     }
-
-private:
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(TradeScreensTest)

@@ -6,20 +6,18 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <memory>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "app/base/vbdate.h"
-#include "app/program.h"
 #include "app/program_folder.h"
 #include "app/screens.h"
 #include "app/ui/mdiform1_view.h"
 #include "position/equitymanager.h"
 #include "position/ui/equitymanager_view.h"
 #include "store/database.h"
+#include "tests/support/program_screen_test.h"
+#include "tests/support/selection.h"
 
 using namespace ostravel;
 
@@ -31,24 +29,20 @@ const QColor kShownWhite(255, 255, 255);
 
 }  // namespace
 
-class EquityManagerScreenTest : public QObject {
+class EquityManagerScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
+public:
+    // The folder is left bare: one test prepares it as the program's start does.
+    EquityManagerScreenTest() : ProgramScreenTest(test::FolderSetup::Bare) {}
+
 private Q_SLOTS:
     void init() {
-        m_dir = std::make_unique<QTemporaryDir>();
-        setAppPath(m_dir->path());
-        m_prompt = std::make_unique<ScriptedPrompt>();
-        m_program = std::make_unique<Program>(*m_prompt, [] { QFAIL("the program was ended"); });
-        m_program->store().connection();
+        QVERIFY(openProgram());
         db().execute(
             QStringLiteral("update users set MinTradeSell=1000, MinTradeBuy=1000, MinTradeSellSh=1, "
                            "MinTradeBuySh=1, ResistSell=10, ResistBuy=10"));
     }
-    void cleanup() {
-        m_program.reset();
-        m_prompt.reset();
-        m_dir.reset();
-    }
+    void cleanup() { closeProgram(); }
 
     void captionsAndTips_data() {
         QTest::addColumn<QString>("name");
@@ -296,8 +290,7 @@ private:
                            "values ('INFY', 'Growth', %1, 5000, %2, 10000, 1, 100, 100, 4000)")
                 .arg(price)
                 .arg(shares));
-        m_program->frame().cmbportfolio.text = QStringLiteral("Growth");
-        m_program->frame().cmbequity = QStringLiteral("INFY.NS");
+        test::selectHolding(m_program->frame(), QStringLiteral("INFY"), QStringLiteral("Growth"));
     }
 
     static QString text(const QWidget& screen, const char* name) {
@@ -306,10 +299,6 @@ private:
     static QColor colour(const QWidget& screen, const char* name) {
         return screen.findChild<QLineEdit*>(QString::fromLatin1(name))->palette().color(QPalette::Text);
     }
-
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<ScriptedPrompt> m_prompt;
-    std::unique_ptr<Program> m_program;
 };
 
 QTEST_MAIN(EquityManagerScreenTest)

@@ -1,20 +1,9 @@
 // A fresh program folder with its database, and the rows the position tests need.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "tests/support/program_test.h"
 
-#include <QTemporaryDir>
 #include <optional>
-#include <ostream>
-
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-
-// Texts in failure messages as texts.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace ostravel {
 
@@ -36,10 +25,8 @@ struct HoldingRow {
     double shares = 100;
 };
 
-class PositionTest : public ::testing::Test {
+class PositionTest : public test::ProgramTest {
 protected:
-    PositionTest();
-
     Store& store() { return m_program.store(); }
     void execute(const QString& sql);
     void setRule(const RuleSettings& rule);
@@ -54,10 +41,6 @@ protected:
     }
     // Selects the holding in the main frame, the code with its ".NS".
     void select(const HoldingRow& row);
-
-    QTemporaryDir m_dir;
-    ScriptedPrompt m_prompt;
-    Program m_program{m_prompt, [] { FAIL() << "the program was ended"; }};
 };
 
 }  // namespace ostravel

@@ -1,12 +1,7 @@
 #include "tests/safety/backup_test_support.h"
 
-#include "app/base/apppath.h"
-#include "app/program_folder.h"
-#include "store/store.h"
-
 #include <sqlite3.h>
 
-#include <QDir>
 #include <QFile>
 
 #include <stdexcept>
@@ -50,27 +45,6 @@ private:
 };
 
 }  // namespace
-
-ProgramFolder::ProgramFolder(const QString& path) : m_path(path) {
-    QDir().mkpath(path);
-    enter();
-    if (!prepareProgramFolder().isEmpty())
-        throw std::runtime_error("can't prepare " + path.toStdString());
-    program = std::make_unique<Program>(prompt, [] { throw std::logic_error("the program was ended"); });
-    program->store().connection();
-}
-
-ProgramFolder::~ProgramFolder() = default;
-
-void ProgramFolder::enter() const { setAppPath(m_path); }
-
-QString ProgramFolder::file(const QString& relative) const { return QDir(m_path).filePath(relative); }
-
-QString ProgramFolder::live() const { return file(kLiveDatabase); }
-
-QStringList ProgramFolder::databaseFiles() const {
-    return QDir(file(QStringLiteral("database"))).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
 
 QStringList tablesOf(const QString& databasePath) {
     QStringList names;

@@ -44,15 +44,6 @@ protected:
     const QByteArray m_plain = testData(QStringLiteral("history/RELIANCE.csv"));
 };
 
-std::optional<VbError> raised(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const VbError& e) {
-        return e;
-    }
-    return std::nullopt;
-}
-
 TEST_F(He3Files, EncodeFileReplacesTheBackupAndSaysSo) {
     write(file(QStringLiteral("live.mdb")), m_plain);
     write(file(QStringLiteral("ostravel_Backup.bk")), "an older backup");

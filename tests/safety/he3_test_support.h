@@ -4,6 +4,8 @@
 
 #include "app/base/vberror.h"
 #include "safety/clshuffman.h"
+#include "tests/support/qstring_printer.h"
+#include "tests/support/raised.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -15,8 +17,7 @@
 #include <ostream>
 #include <string>
 
-// Readable failure messages for Qt's strings.
-inline void PrintTo(const QString& text, std::ostream* os) { *os << '"' << text.toStdString() << '"'; }
+// Bytes in failure messages in hex.
 inline void PrintTo(const QByteArray& bytes, std::ostream* os) { *os << bytes.toHex(' ').toStdString(); }
 
 namespace ostravel::test {
@@ -49,12 +50,7 @@ inline QByteArray unpacked(QByteArray bytes) {
 }
 
 inline std::optional<VbError> unpackError(const QByteArray& bytes) {
-    try {
-        unpacked(bytes);
-    } catch (const VbError& e) {
-        return e;
-    }
-    return std::nullopt;
+    return raised([&] { unpacked(bytes); });
 }
 
 inline const QString kIdentificationError =

@@ -61,13 +61,4 @@ void writeBytes(const QString& path, const QByteArray& bytes) {
     ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
-int errorOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const VbError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 }  // namespace ostravel::test

@@ -4,14 +4,13 @@
 #include "app/base/variant.h"
 #include "app/base/vberror.h"
 #include "store/database.h"
+#include "tests/support/raised.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace ostravel::test {
 
@@ -38,8 +37,5 @@ void addSampleData(Database& db);
 
 QByteArray fileBytes(const QString& path);
 void writeBytes(const QString& path, const QByteArray& bytes);
-
-// The error number that the call raises, 0 when it raises none.
-int errorOf(const std::function<void()>& call);
 
 }  // namespace ostravel::test

@@ -1,0 +1,16 @@
+// What a call raises, for tests of the run time's errors.
+#pragma once
+
+#include "app/base/vberror.h"
+
+#include <functional>
+#include <optional>
+
+namespace ostravel::test {
+
+// The error the call raises, none when it raises none.
+std::optional<VbError> raised(const std::function<void()>& call);
+// The number of the error the call raises, 0 when it raises none.
+int errorOf(const std::function<void()>& call);
+
+}  // namespace ostravel::test
