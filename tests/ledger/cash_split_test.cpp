@@ -98,23 +98,17 @@ TEST_P(CashNothingTest, LeavesTheHoldingAndTheScreen) {
     EXPECT_EQ(after.OriginalCash, 1000);
 }
 
+const QStringList kSure{AddRemoveCash::kSure};
+const QStringList kSureTooMuch{AddRemoveCash::kSure, AddRemoveCash::kTooMuch};
+
 INSTANTIATE_TEST_SUITE_P(
     Refusals, CashNothingTest,
-    ::testing::Values(NothingCase{"ZeroAmount", CashMovement::Deposit, "0", Answer::Yes, {AddRemoveCash::kSure}},
-                      NothingCase{
-                          "ZeroWrittenOtherwise", CashMovement::Deposit, "0.0", Answer::Yes, {AddRemoveCash::kSure}},
-                      NothingCase{"EmptyAmount", CashMovement::Interest, "", Answer::Yes, {AddRemoveCash::kSure}},
-                      NothingCase{"AnsweredNo", CashMovement::Deposit, "50", Answer::No, {AddRemoveCash::kSure}},
-                      NothingCase{"WithdrawalOfTheWholeBalance",
-                                  CashMovement::Withdrawal,
-                                  "1000",
-                                  Answer::Yes,
-                                  {AddRemoveCash::kSure, AddRemoveCash::kTooMuch}},
-                      NothingCase{"WithdrawalBeyondTheBalance",
-                                  CashMovement::Withdrawal,
-                                  "1000.01",
-                                  Answer::Yes,
-                                  {AddRemoveCash::kSure, AddRemoveCash::kTooMuch}}),
+    ::testing::Values(NothingCase{"ZeroAmount", CashMovement::Deposit, "0", Answer::Yes, kSure},
+                      NothingCase{"ZeroWrittenOtherwise", CashMovement::Deposit, "0.0", Answer::Yes, kSure},
+                      NothingCase{"EmptyAmount", CashMovement::Interest, "", Answer::Yes, kSure},
+                      NothingCase{"AnsweredNo", CashMovement::Deposit, "50", Answer::No, kSure},
+                      NothingCase{"WholeBalance", CashMovement::Withdrawal, "1000", Answer::Yes, kSureTooMuch},
+                      NothingCase{"BeyondTheBalance", CashMovement::Withdrawal, "1000.01", Answer::Yes, kSureTooMuch}),
     [](const auto& param) { return std::string(param.param.name); });
 
 TEST_F(CashTest, UpdateUnloadsAndReadsTheAmountByVal) {

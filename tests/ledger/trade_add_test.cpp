@@ -67,31 +67,11 @@ const RefusalCase kRefusals[] = {
     {"ZeroPrice", false, true, "5", "0", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
     {"ZeroShares", false, true, "0", "100", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "0"},
     {"ZeroCommission", false, true, "5", "100", "0.00", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
-    {"SettingSellWithoutTrades",
-     true,
-     false,
-     "5",
-     "100",
-     "1",
-     1,
-     {},
-     {Trade::kNothingToSell},
-     Icon::Information,
-     "cmbmethod",
-     "5"},
+    {"SettingSellWithoutTrades", true, false, "5", "100", "1", 1, {}, {Trade::kNothingToSell}, Icon::Information,
+     "cmbmethod", "5"},
     {"BuyBeyondCashDeclined", false, true, "50", "100", "1", 0, {Answer::No}, {kLessCash}, Icon::None, "txtshare", ""},
-    {"SellBeyondShares",
-     false,
-     true,
-     "20",
-     "100",
-     "1",
-     1,
-     {},
-     {QStringLiteral("You Do not have 20 Shares To sell")},
-     Icon::Critical,
-     "txtshare",
-     ""},
+    {"SellBeyondShares", false, true, "20", "100", "1", 1, {}, {QStringLiteral("You Do not have 20 Shares To sell")},
+     Icon::Critical, "txtshare", ""},
 };
 
 class TradeRefusalTest : public TradeScreenLogicTest, public ::testing::WithParamInterface<RefusalCase> {};
@@ -206,11 +186,9 @@ TEST_F(TradeScreenLogicTest, TextsThatAreNoNumberAreReadByVal) {
     fill(QStringLiteral("2.5.1"), QStringLiteral("1.2.3"), QStringLiteral("0.5.5"));
     trade().cmdadd_Click();
     EXPECT_TRUE(m_prompt.messages().isEmpty()) << m_prompt.messages().join(QLatin1Char('\n')).toStdString();
-    EXPECT_DOUBLE_EQ(m_rows.scalar(QStringLiteral("select PricePerShare from trades where pktradeid=2")).toDouble(),
-                     1.2);
-    EXPECT_DOUBLE_EQ(m_rows.scalar(QStringLiteral("select Tradedshares from trades where pktradeid=2")).toDouble(),
-                     2.5);
-    EXPECT_DOUBLE_EQ(m_rows.scalar(QStringLiteral("select Commission from trades where pktradeid=2")).toDouble(), 0.5);
+    for (const auto& [column, value] : {std::pair{"PricePerShare", 1.2}, {"Tradedshares", 2.5}, {"Commission", 0.5}})
+        EXPECT_DOUBLE_EQ(
+            m_rows.scalar(QStringLiteral("select %1 from trades where pktradeid=2").arg(column)).toDouble(), value);
     const Ledger after = m_rows.ledger(kInfy, kGrowth);
     EXPECT_DOUBLE_EQ(*after.CurrentCash, 1000 - 1.2 * 2.5);
     EXPECT_DOUBLE_EQ(*after.CurrentShares, 12.5);
@@ -264,18 +242,16 @@ TEST_F(TradeScreenLogicTest, LoadListsTheTradesWithATotalRowGrowingTheGrid) {
     EXPECT_EQ(grid.colWidth(1), 1000);
     EXPECT_EQ(grid.colWidth(7), 1000);
     ASSERT_EQ(grid.rows(), 7);
-    EXPECT_EQ(grid.textMatrix(1, 0), QStringLiteral(" 1"));
+    const auto row = [&](int r) {
+        QStringList texts;
+        for (int c = 0; c < 8; ++c) texts << grid.textMatrix(r, c);
+        return texts;
+    };
+    EXPECT_EQ(row(1), (QStringList{" 1", "1", kInfy, "17/02/2006", "2", "100", "100.5", "Buy"}));
     EXPECT_EQ(grid.textMatrix(5, 0), QStringLiteral(" 5"));
-    EXPECT_EQ(grid.textMatrix(1, 1), QStringLiteral("1"));
-    EXPECT_EQ(grid.textMatrix(1, 2), kInfy);
-    EXPECT_EQ(grid.textMatrix(1, 3), QStringLiteral("17/02/2006"));
-    EXPECT_EQ(grid.textMatrix(1, 4), QStringLiteral("2"));
-    EXPECT_EQ(grid.textMatrix(1, 5), QStringLiteral("100"));
-    EXPECT_EQ(grid.textMatrix(1, 6), QStringLiteral("100.5"));
-    EXPECT_EQ(grid.textMatrix(1, 7), QStringLiteral("Buy"));
-    EXPECT_EQ(grid.textMatrix(6, 1), QStringLiteral("Total"));
-    EXPECT_EQ(grid.textMatrix(6, 4), QStringLiteral("10"));
-    EXPECT_EQ(grid.textMatrix(6, 6), QStringLiteral("11,25"));  // 1124.5 through "###,##"
+    // 1124.5 through "###,##"
+    EXPECT_EQ((QStringList{grid.textMatrix(6, 1), grid.textMatrix(6, 4), grid.textMatrix(6, 6)}),
+              (QStringList{"Total", "10", "11,25"}));
     EXPECT_EQ(trade().txtequity.text, kInfy);
     EXPECT_EQ(trade().cmbmethod.text, Trade::kBuy);
     EXPECT_EQ(trade().cmddate.caption, formatDate(today(), QStringLiteral("Short Date")));
@@ -330,10 +306,9 @@ INSTANTIATE_TEST_SUITE_P(Fees, CommissionTest,
 TEST_F(TradeScreenLogicTest, RowClickFillsTheBoxesAndEnablesDelete) {
     openHolding();
     trade().MSFlexGrid1_Click(1, 4);
-    EXPECT_EQ(trade().cmddate.caption, QStringLiteral("03/01/2024"));
-    EXPECT_EQ(trade().txtprice.text, QStringLiteral("100"));
-    EXPECT_EQ(trade().txtshare.text, QStringLiteral("10"));
-    EXPECT_EQ(trade().txtcommision.text, QStringLiteral("12.5"));
+    EXPECT_EQ((QStringList{trade().cmddate.caption, trade().txtprice.text, trade().txtshare.text,
+                           trade().txtcommision.text}),
+              (QStringList{"03/01/2024", "100", "10", "12.5"}));
     EXPECT_TRUE(trade().cmddelete.enabled);
 }
 

@@ -44,93 +44,40 @@ private Q_SLOTS:
     }
     void cleanup() { closeProgram(); }
 
-    void captionsAndTips_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("text");
-        // Group boxes by their title, buttons by their caption, boxes by their tip.
-        QTest::newRow("Frame2_1") << "Frame2_1"
-                                  << "Current Position Summary";
-        QTest::newRow("Frame2_0") << "Frame2_0"
-                                  << "Position Management Setting";
-        QTest::newRow("Frame3") << "Frame3"
-                                << "Current Trade Advise";
-        QTest::newRow("Frame5") << "Frame5"
-                                << "Trade History";
-        QTest::newRow("Command6") << "Command6"
-                                  << "Save Setting";
-        QTest::newRow("cmdaddtrade") << "cmdaddtrade"
-                                     << "Add Trade";
-        QTest::newRow("Command5") << "Command5"
-                                  << "Recalculate";
-        QTest::newRow("cmdwhatif") << "cmdwhatif"
-                                   << "What if";
-        QTest::newRow("Command3") << "Command3"
-                                  << "Run Simulation";
-        QTest::newRow("txtmstradebuy") << "txtmstradebuy"
-                                       << "Set Minimum Share to Buy";
-        QTest::newRow("txtmstradesell") << "txtmstradesell"
-                                        << "Set Minimum Share to Sell";
-        QTest::newRow("txtbuyres") << "txtbuyres"
-                                   << "Buy safe Margin";
-        QTest::newRow("txtsellres") << "txtsellres"
-                                    << "Sell safe Margin";
-        QTest::newRow("txtfeebuy") << "txtfeebuy"
-                                   << "Enter The  Buy Broker Commission in %";
-        QTest::newRow("txtfeesell") << "txtfeesell"
-                                    << "Enter The Sell Broker Commission in %";
-        QTest::newRow("txtmtbuy") << "txtmtbuy"
-                                  << "Set Minimum buy Trade amount";
-        QTest::newRow("txtmtsell") << "txtmtsell"
-                                   << "Set Minimum Sell Trade amount";
-    }
-    void captionsAndTips() {
-        QFETCH(QString, name);
-        QFETCH(QString, text);
+    // Group boxes by their title, buttons by their caption, boxes by their tip; then the labels.
+    void captionsTipsAndWords() {
         equitymanager screen(*m_program);
-        QWidget* control = screen.findChild<QWidget*>(name);
-        QVERIFY2(control, qPrintable(name));
-        if (auto* group = qobject_cast<QGroupBox*>(control))
-            QCOMPARE(group->title(), text);
-        else if (auto* button = qobject_cast<QPushButton*>(control))
-            QCOMPARE(button->text(), text);
-        else
-            QCOMPARE(control->toolTip(), text);
-    }
-
-    void theScreensWordsAreAllThere() {
-        equitymanager screen(*m_program);
+        const QStringList controls = QStringLiteral(
+            "Frame2_1=Current Position Summary|Frame2_0=Position Management Setting|Frame3=Current Trade Advise|"
+            "Frame5=Trade History|Command6=Save Setting|cmdaddtrade=Add Trade|Command5=Recalculate|"
+            "cmdwhatif=What if|Command3=Run Simulation|txtmstradebuy=Set Minimum Share to Buy|"
+            "txtmstradesell=Set Minimum Share to Sell|txtbuyres=Buy safe Margin|txtsellres=Sell safe Margin|"
+            "txtfeebuy=Enter The  Buy Broker Commission in %|txtfeesell=Enter The Sell Broker Commission in %|"
+            "txtmtbuy=Set Minimum buy Trade amount|txtmtsell=Set Minimum Sell Trade amount")
+                                         .split(QLatin1Char('|'));
+        for (const QString& entry : controls) {
+            const QString name = entry.section(QLatin1Char('='), 0, 0);
+            const QString text = entry.section(QLatin1Char('='), 1);
+            QWidget* control = screen.findChild<QWidget*>(name);
+            QVERIFY2(control, qPrintable(name));
+            if (auto* group = qobject_cast<QGroupBox*>(control))
+                QCOMPARE(group->title(), text);
+            else if (auto* button = qobject_cast<QPushButton*>(control))
+                QCOMPARE(button->text(), text);
+            else
+                QCOMPARE(control->toolTip(), text);
+        }
         QStringList words;
         for (const QLabel* label : screen.findChildren<QLabel*>()) words << label->text();
-        for (const char* word : {"% Increase in cash",
-                                 "% Increase in stock value",
-                                 "Percentage of cash at risk",
-                                 "Min Trade Amount",
-                                 "Min. Share to Trade",
-                                 "Broker Commission (%)",
-                                 "Resistance(Default 10%)",
-                                 "Beginning Cash",
-                                 "RECOMMENDATION :",
-                                 "Recommended Trade",
-                                 "Next Sell Price",
-                                 "Next Buy Price",
-                                 "Next Sell Qty",
-                                 "Next Buy Qty",
-                                 "For Rs.",
-                                 "Share@ Rs.",
-                                 "Next Sell",
-                                 "Next Buy",
-                                 "Sell advise:",
-                                 "Buy advise:",
-                                 "Select Begin Date",
-                                 "Select End date",
-                                 "Select Daily/Weekly/Monthly",
-                                 "Ostravel Result",
-                                 "Profit in Rs: ",
-                                 "Profit % :",
-                                 "Buy  & Hold Result",
-                                 "Profit In Rs :",
-                                 "Buy & Hold %:"})
-            QVERIFY2(words.contains(QString::fromUtf8(word)), word);
+        const QStringList expected = QStringLiteral(
+            "% Increase in cash|% Increase in stock value|Percentage of cash at risk|Min Trade Amount|"
+            "Min. Share to Trade|Broker Commission (%)|Resistance(Default 10%)|Beginning Cash|RECOMMENDATION :|"
+            "Recommended Trade|Next Sell Price|Next Buy Price|Next Sell Qty|Next Buy Qty|For Rs.|Share@ Rs.|"
+            "Next Sell|Next Buy|Sell advise:|Buy advise:|Select Begin Date|Select End date|"
+            "Select Daily/Weekly/Monthly|Ostravel Result|Profit in Rs: |Profit % :|Buy  & Hold Result|"
+            "Profit In Rs :|Buy & Hold %:")
+                                         .split(QLatin1Char('|'));
+        for (const QString& word : expected) QVERIFY2(words.contains(word), qPrintable(word));
         QCOMPARE(screen.windowTitle(), QStringLiteral("Equity Manager"));
         // The simulation's button waits, and the advice's figures show only after an advice.
         QVERIFY(!screen.findChild<QPushButton*>(QStringLiteral("Command3"))->isEnabled());

@@ -39,6 +39,11 @@ protected:
     QVariant usersColumn(const QString& column) {
         return scalar(QStringLiteral("select ") + column + QStringLiteral(" from users"));
     }
+    QVariantList usersColumns(const QStringList& columns) {
+        QVariantList values;
+        for (const QString& column : columns) values << usersColumn(column);
+        return values;
+    }
     // Selects the holding in the main frame, the code with its ".NS".
     void select(const HoldingRow& row);
 };

@@ -70,12 +70,9 @@ TEST_F(SettingsTest, SettingOkWritesTheRuleForAllAndTheCashForTheHolding) {
     setting.cmdok_Click();
 
     EXPECT_EQ(errorPlaces(), QStringList{QStringLiteral("(Form) setting::Sub cmdOK_Click")});
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(1500.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeBuy")), QVariant(1000.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeBuySh")), QVariant(3.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSellSh")), QVariant(4.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("ResistBuy")), QVariant(12.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("ResistSell")), QVariant(8.0));
+    EXPECT_EQ(
+        usersColumns({"MinTradeSell", "MinTradeBuy", "MinTradeBuySh", "MinTradeSellSh", "ResistBuy", "ResistSell"}),
+              (QVariantList{1500.0, 1000.0, 3.0, 4.0, 12.0, 8.0}));
     EXPECT_EQ(stored(row, QStringLiteral("CurrentCash")), QStringLiteral("7000"));
     EXPECT_EQ(stored(row, QStringLiteral("OriginalCash")), QStringLiteral("7000"));
     EXPECT_EQ(refilled, 1);
@@ -102,14 +99,9 @@ TEST_F(SettingsTest, WebSettingLoadsEveryTab) {
     EXPECT_EQ(web.Combo3.items.front(), QStringLiteral("1"));
     EXPECT_EQ(web.Combo3.items.back(), QStringLiteral("200"));
     EXPECT_EQ(web.Combo3.text, QStringLiteral("500"));  // outside the list, shown as it stands
-    EXPECT_EQ(web.cmbgqs.text, QStringLiteral("User Entry"));
-    EXPECT_EQ(web.cmbhs.text, QStringLiteral("Internet"));
-    EXPECT_EQ(web.txtmsell.text, QStringLiteral("1000"));
-    EXPECT_EQ(web.txtfeebuy.text, QStringLiteral("0.5"));
-    EXPECT_EQ(web.txtsellres.text, QStringLiteral("10"));
-    EXPECT_EQ(web.txtbshares.text, QStringLiteral("500"));
-    EXPECT_EQ(web.txtlastname.text, QStringLiteral("Enter your surname"));
-    EXPECT_EQ(web.txtemail.text, QStringLiteral("a@b.in"));
+    EXPECT_EQ((QStringList{web.cmbgqs.text, web.cmbhs.text, web.txtmsell.text, web.txtfeebuy.text, web.txtsellres.text,
+                           web.txtbshares.text, web.txtlastname.text, web.txtemail.text}),
+              (QStringList{"User Entry", "Internet", "1000", "0.5", "10", "500", "Enter your surname", "a@b.in"}));
     EXPECT_EQ(web.Check2, 1);
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
@@ -164,23 +156,17 @@ TEST_F(SettingsTest, ApplySavesTheOpenTabAlone) {
 
     web.currentTab = WebSetting::kServiceTab;
     web.cmdapply_Click();
-    EXPECT_EQ(usersColumn(QStringLiteral("QuoteDL")), QVariant(1.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("HistoryDL")), QVariant(1.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("SecondsForQuote")), QVariant(30.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(1000.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("LastName")), QVariant(QStringLiteral("Enter your surname")));
+    EXPECT_EQ(usersColumns({"QuoteDL", "HistoryDL", "SecondsForQuote", "MinTradeSell", "LastName"}),
+              (QVariantList{1.0, 1.0, 30.0, 1000.0, QStringLiteral("Enter your surname")}));
 
     web.currentTab = WebSetting::kUserTab;
     web.cmdapply_Click();
-    EXPECT_EQ(usersColumn(QStringLiteral("LastName")), QVariant(QStringLiteral("Rao")));
-    EXPECT_EQ(usersColumn(QStringLiteral("QUICK")), QVariant(1.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(1000.0));
+    EXPECT_EQ(usersColumns({"LastName", "QUICK", "MinTradeSell"}), (QVariantList{QStringLiteral("Rao"), 1.0, 1000.0}));
 
     // OK saves every tab but QUICK.
     web.Check2 = 0;
     web.cmdok_Click();
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(9999.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("QUICK")), QVariant(1.0));
+    EXPECT_EQ(usersColumns({"MinTradeSell", "QUICK"}), (QVariantList{9999.0, 1.0}));
 }
 
 TEST_F(SettingsTest, WebSettingOkLogsATextTheStoreCantTake) {
@@ -191,8 +177,7 @@ TEST_F(SettingsTest, WebSettingOkLogsATextTheStoreCantTake) {
     m_prompt.answer(Answer::OK);
     web.cmdok_Click();
     EXPECT_EQ(errorPlaces(), QStringList{QStringLiteral("(Form) web::Sub cmdOK_Click")});
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(1000.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeBuy")), QVariant(1300.0));
+    EXPECT_EQ(usersColumns({"MinTradeSell", "MinTradeBuy"}), (QVariantList{1000.0, 1300.0}));
 }
 
 TEST_F(SettingsTest, ModelAppendsItsSuffixButConservativeIsOutOfReach) {
@@ -230,10 +215,8 @@ TEST_F(SettingsTest, EquityManagerSavesItsNineBoxes) {
     m_prompt.answer(Answer::OK);
     Command6_Click(m_program);
     EXPECT_EQ(errorPlaces(), QStringList{QStringLiteral("(Form) equitymanager::Sub Command6_Click")});
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeSell")), QVariant(1000.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("MinTradeBuySh")), QVariant(7.0));
-    EXPECT_EQ(usersColumn(QStringLiteral("SellFee")), QVariant(0.6));
-    EXPECT_EQ(usersColumn(QStringLiteral("BeginningCash")), QVariant(20000.0));
+    EXPECT_EQ(usersColumns({"MinTradeSell", "MinTradeBuySh", "SellFee", "BeginningCash"}),
+              (QVariantList{1000.0, 7.0, 0.6, 20000.0}));
 }
 
 TEST_F(SettingsTest, EquityManagerDatesFollowTheSampling) {
@@ -259,17 +242,12 @@ TEST_F(SettingsTest, EquityManagerShowsTheHoldingsPosition) {
     select(row);
     goequitymanager(m_program);
     const EquityManager& em = m_program.module<EquityManager>();
-    EXPECT_EQ(em.txtbegprice.text, QStringLiteral("100"));
-    EXPECT_EQ(em.txtbegshare.text, QStringLiteral("100"));
-    EXPECT_EQ(em.txtbegstockvalue.text, QStringLiteral("10,000"));
-    EXPECT_EQ(em.txtbegtotal.text, QStringLiteral("14,000"));
-    EXPECT_EQ(em.txtcurrprice.text, QStringLiteral("120"));
-    EXPECT_EQ(em.txtcurrstockvalue.text, QStringLiteral("12000"));
-    EXPECT_EQ(em.txtcurrtotal.text, QStringLiteral("17000"));
-    EXPECT_EQ(em.txtcashper.text, QStringLiteral("25%"));
+    const QStringList shown{em.txtbegprice.text,  em.txtbegshare.text,       em.txtbegstockvalue.text,
+                            em.txtbegtotal.text,  em.txtcurrprice.text,      em.txtcurrstockvalue.text,
+                            em.txtcurrtotal.text, em.txtcashper.text,        em.txtsvper.text,
+                            em.txtcashrisk.text};
+    EXPECT_EQ(shown, (QStringList{"100", "100", "10,000", "14,000", "120", "12000", "17000", "25%", "20%", "70.59%"}));
     EXPECT_EQ(em.txtcashper.foreColour, kGreen);
-    EXPECT_EQ(em.txtsvper.text, QStringLiteral("20%"));
-    EXPECT_EQ(em.txtcashrisk.text, QStringLiteral("70.59%"));
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
