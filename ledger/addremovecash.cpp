@@ -60,23 +60,7 @@ QStringList symbolsOf(Recordset& rows) {
 
 }  // namespace
 
-AddRemoveCash::AddRemoveCash(Program& program) : m_program(&program) {}
-
-void AddRemoveCash::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void AddRemoveCash::unload() {
-    auto close = std::move(closeView);
-    auto hook = std::move(betweenWrites);
-    *this = AddRemoveCash(*m_program);
-    betweenWrites = std::move(hook);
-    if (close)
-        close();
-}
+AddRemoveCash::AddRemoveCash(Program& program) : FormState(program) {}
 
 void AddRemoveCash::prepare(CashMovement movement) {
     load();

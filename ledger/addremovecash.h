@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
@@ -18,7 +19,7 @@ struct OptionButton {
     bool enabled = true;
 };
 
-class AddRemoveCash {
+class AddRemoveCash : public FormState<AddRemoveCash> {
 public:
     static inline const QString kDepositCaption = QStringLiteral("Deposit Cash");
     static inline const QString kWithdrawCaption = QStringLiteral("Withdraw Cash");
@@ -31,12 +32,6 @@ public:
 
     explicit AddRemoveCash(Program& program);
 
-    // Writing a control loads the screen first, as the first reference to a form does.
-    bool loaded = false;
-    void load();
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
-
     QString caption;
     ComboBox Combo1;  // portfolio
     ComboBox Combo2;  // holding
@@ -48,7 +43,6 @@ public:
     Button cmdupdate{QStringLiteral("Update")};  // its caption chooses the movement
     Button cmdclose{QStringLiteral("Close")};
 
-    std::function<void()> closeView;
     // Called by tests between the steps of an update (see Trade::betweenWrites).
     std::function<void(const char* point)> betweenWrites;
 
@@ -64,8 +58,6 @@ public:
     void cmdupdate_Click();
     void cmdclose_Click();
 
-private:
-    Program* m_program;
 };
 
 // The main frame's three menu entries: refused with a message while no portfolio exists,

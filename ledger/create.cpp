@@ -22,21 +22,7 @@ QString place(const char* procedure) {
 
 }  // namespace
 
-PortfolioWizard::PortfolioWizard(Program& program) : m_program(&program) {}
-
-void PortfolioWizard::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void PortfolioWizard::unload() {
-    std::function<void()> close = std::move(closeView);
-    *this = PortfolioWizard(*m_program);
-    if (close)
-        close();
-}
+PortfolioWizard::PortfolioWizard(Program& program) : FormState(program) {}
 
 void PortfolioWizard::Form_Load() {
     cmddate.caption = todayCaption();

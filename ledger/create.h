@@ -5,13 +5,14 @@
 #include <functional>
 
 #include "app/gridformat.h"
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
 
 class Program;
 
-class PortfolioWizard {
+class PortfolioWizard : public FormState<PortfolioWizard> {
 public:
     static inline const QString kCaption = QStringLiteral("Portfolio Management Wizard");
     static inline const QString kGridFormat = QStringLiteral("^Nos|<Portfolio|^Date");
@@ -25,12 +26,6 @@ public:
     static constexpr int kHelpExtraTwips = 250;
 
     explicit PortfolioWizard(Program& program);
-
-    // Writing a control of the screen loads it first, as the first reference to a form does.
-    bool loaded = false;
-    void load();
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
 
     TextBox Text1;   // the portfolio's name
     Button cmddate;  // its caption is the portfolio's start date
@@ -49,9 +44,6 @@ public:
     bool helpShown = false;
     // The control the screen puts the focus on, by its name; empty for no change.
     QString focus;
-
-    // The widget's request: close itself (after the state has unloaded).
-    std::function<void()> closeView;
 
     void Form_Load();
     // Refills the grid with every portfolio, row by row from the top.
@@ -81,7 +73,6 @@ private:
     // The main frame's portfolio list made again from the table, "Simulation" first and chosen.
     void rebuildPortfolioList();
 
-    Program* m_program;
 };
 
 }  // namespace ostravel

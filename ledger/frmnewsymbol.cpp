@@ -12,14 +12,7 @@ const QString kAddPlace = QStringLiteral("(Form) frmnewsymbol::Sub cmdadd_Click"
 
 }  // namespace
 
-NewSymbol::NewSymbol(Program& program) : m_program(&program) {}
-
-void NewSymbol::unload() {
-    std::function<void()> close = std::move(closeView);
-    *this = NewSymbol(*m_program);
-    if (close)
-        close();
-}
+NewSymbol::NewSymbol(Program& program) : FormState(program) {}
 
 QString NewSymbol::generatesql() const {
     return QStringLiteral("ticker='") + sqlText(txtnewsymbol.text) + QLatin1Char('\'');

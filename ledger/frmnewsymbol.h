@@ -3,13 +3,14 @@
 
 #include <functional>
 
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
 
 class Program;
 
-class NewSymbol {
+class NewSymbol : public FormState<NewSymbol> {
 public:
     static inline const QString kCaption = QStringLiteral("Add New Stocksymbol");
     static inline const QString kHint = QStringLiteral(
@@ -17,9 +18,6 @@ public:
         "Code");
 
     explicit NewSymbol(Program& program);
-
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
 
     TextBox txtnewsymbol;  // the exchange's symbol
     TextBox txtnewstock;   // the company's name
@@ -31,16 +29,11 @@ public:
     // The control the screen puts the focus on, by its name; empty for no change.
     QString focus;
 
-    // The widget's request: close itself (after the state has unloaded).
-    std::function<void()> closeView;
-
     // The search criterion for the symbol in txtnewsymbol.
     QString generatesql() const;
     void cmdadd_Click();
     void cmdclose_Click();
 
-private:
-    Program* m_program;
 };
 
 }  // namespace ostravel

@@ -21,21 +21,7 @@ const QString kCostPattern = QStringLiteral("####.##");
 
 }  // namespace
 
-PortfolioManager::PortfolioManager(Program& program) : m_program(&program) {}
-
-void PortfolioManager::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void PortfolioManager::unload() {
-    std::function<void()> close = std::move(closeView);
-    *this = PortfolioManager(*m_program);
-    if (close)
-        close();
-}
+PortfolioManager::PortfolioManager(Program& program) : FormState(program) {}
 
 void PortfolioManager::handle(const VbError& error, bool atLoad) {
     if (error.number() == dberr::DuplicateKey) {

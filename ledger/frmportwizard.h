@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "app/gridformat.h"
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
@@ -12,7 +13,7 @@ namespace ostravel {
 class Program;
 class VbError;
 
-class PortfolioManager {
+class PortfolioManager : public FormState<PortfolioManager> {
 public:
     static inline const QString kCaption = QStringLiteral("Portfolio Manager");
     // The grid's last heading at load differs from the one a choice of portfolio gives.
@@ -29,12 +30,6 @@ public:
     static inline const QString kBeginDate = QStringLiteral("Equity Begin Date :");
 
     explicit PortfolioManager(Program& program);
-
-    // Writing a control of the screen loads it first, as the first reference to a form does.
-    bool loaded = false;
-    void load();
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
 
     ComboBox Combo1;  // the portfolios
     Button cmdpwizard{QStringLiteral("Portfolio Wizard")};
@@ -55,9 +50,6 @@ public:
     double DatePicker1Value = 0;  // date serial
     // The control the screen puts the focus on, by its name; empty for no change.
     QString focus;
-
-    // The widget's request: close itself (after the state has unloaded).
-    std::function<void()> closeView;
 
     void Form_Load();
     // A portfolio chosen: the grid shows its holdings.
@@ -86,7 +78,6 @@ private:
     template <class Statement>
     bool statement(Statement&& body, bool atLoad = false);
 
-    Program* m_program;
 };
 
 }  // namespace ostravel

@@ -19,23 +19,7 @@ const QString kWholeShares = QStringLiteral("#####");
 
 }  // namespace
 
-FrmSplit::FrmSplit(Program& program) : m_program(&program) {}
-
-void FrmSplit::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void FrmSplit::unload() {
-    auto close = std::move(closeView);
-    auto hook = std::move(betweenWrites);
-    *this = FrmSplit(*m_program);
-    betweenWrites = std::move(hook);
-    if (close)
-        close();
-}
+FrmSplit::FrmSplit(Program& program) : FormState(program) {}
 
 void FrmSplit::Form_Load() {
     Label2.caption = m_program->frame().equitySymbol() + QStringLiteral(" has comleted a");

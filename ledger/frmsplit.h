@@ -4,13 +4,14 @@
 
 #include <functional>
 
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
 
 class Program;
 
-class FrmSplit {
+class FrmSplit : public FormState<FrmSplit> {
 public:
     static inline const QString kCaption = QStringLiteral("Stock Split");
     static inline const QString kSelectPortfolio = QStringLiteral("Please Select The Portfolio");
@@ -21,10 +22,6 @@ public:
 
     explicit FrmSplit(Program& program);
 
-    bool loaded = false;
-    void load();
-    void unload();
-
     Label Label2;     // the sentence's head: the symbol and " has comleted a"
     ComboBox Combo1;  // new shares
     ComboBox Combo2;  // for old shares
@@ -34,7 +31,6 @@ public:
     // "cmbequity"); empty for none.
     QString frameFocus;
 
-    std::function<void()> closeView;
     // Called by tests between the steps of the split (see Trade::betweenWrites).
     std::function<void(const char* point)> betweenWrites;
 
@@ -42,8 +38,6 @@ public:
     void Command1_Click();
     void cmdclose_Click();
 
-private:
-    Program* m_program;
 };
 
 // The menu entry "Stock Split Adjust": the screen unloads and shows anew.

@@ -20,21 +20,7 @@ QString place(const char* procedure) {
 
 }  // namespace
 
-NewHolding::NewHolding(Program& program) : m_program(&program) {}
-
-void NewHolding::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void NewHolding::unload() {
-    std::function<void()> close = std::move(closeView);
-    *this = NewHolding(*m_program);
-    if (close)
-        close();
-}
+NewHolding::NewHolding(Program& program) : FormState(program) {}
 
 void NewHolding::Form_Load() {
     Command1.caption = todayCaption();

@@ -5,13 +5,14 @@
 #include <array>
 #include <functional>
 
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
 
 class Program;
 
-class NewHolding {
+class NewHolding : public FormState<NewHolding> {
 public:
     static inline const QString kCaption = QStringLiteral("Create New Holding Wizad");
     static constexpr int kBSE = 0;
@@ -22,13 +23,6 @@ public:
     static constexpr int kHelpExtraTwips = 250;
 
     explicit NewHolding(Program& program);
-
-    // Writing a control of the screen loads it first: openers call load() (a no-op when
-    // loaded), then write the controls, then show "Newholding".
-    bool loaded = false;
-    void load();
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
 
     std::array<bool, 2> optnsebse{};  // index 0 "BSE", 1 "NSE"
     bool Option1 = false;             // "New holding"
@@ -45,9 +39,6 @@ public:
     bool helpShown = false;
     // The control the screen puts the focus on, by its name; empty for no change.
     QString focus;
-
-    // The widget's request: close itself (after the state has unloaded).
-    std::function<void()> closeView;
 
     void Form_Load();
     // Either exchange button: the company list filled again, its first entry picked.
@@ -72,8 +63,6 @@ public:
     void DatePicker1_Cancel();
     void Form_Click();
 
-private:
-    Program* m_program;
 };
 
 }  // namespace ostravel

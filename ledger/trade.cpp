@@ -90,23 +90,7 @@ private:
 
 }  // namespace
 
-Trade::Trade(Program& program) : m_program(&program) {}
-
-void Trade::load() {
-    if (loaded)
-        return;
-    loaded = true;
-    Form_Load();
-}
-
-void Trade::unload() {
-    auto close = std::move(closeView);
-    auto hook = std::move(betweenWrites);
-    *this = Trade(*m_program);
-    betweenWrites = std::move(hook);
-    if (close)
-        close();
-}
+Trade::Trade(Program& program) : FormState(program) {}
 
 void Trade::reached(const char* point) {
     if (betweenWrites)

@@ -5,13 +5,14 @@
 #include <functional>
 
 #include "app/gridformat.h"
+#include "ledger/form_state.h"
 #include "position/controls.h"
 
 namespace ostravel {
 
 class Program;
 
-class Trade {
+class Trade : public FormState<Trade> {
 public:
     static inline const QString kGridFormat =
         QStringLiteral("^Nos|<Trade ID|^Symbol|^Date|^Shares|^Price|^Commision|^Buy sell");
@@ -37,13 +38,6 @@ public:
 
     explicit Trade(Program& program);
 
-    // Writing a control of the screen loads it first, as the first reference to a form does:
-    // openers call load() (a no-op when loaded), then write the controls, then show "trade".
-    bool loaded = false;
-    void load();
-    // The controls go back to their design values; the screen's widget closes.
-    void unload();
-
     QString caption;
     TextBox txtequity, txtshare, txtprice, txtcommision;
     ComboBox cmbmethod;  // "Buy" or "Sell" in text
@@ -62,8 +56,6 @@ public:
     // The control the screen puts the focus on, by its name; empty for no change.
     QString focus;
 
-    // The widget's requests: close itself (after the state has unloaded).
-    std::function<void()> closeView;
     // Called by tests between the writes of an action, with a name for the point reached; a
     // test kills the process there to see that the action's rows come all or not at all.
     std::function<void(const char* point)> betweenWrites;
@@ -91,7 +83,6 @@ public:
 private:
     void reached(const char* point);
 
-    Program* m_program;
 };
 
 }  // namespace ostravel
