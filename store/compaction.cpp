@@ -22,17 +22,7 @@ const QString kReplacementSuffix = QStringLiteral(".compact");
 using TableCounts = QMap<QString, long long>;
 
 SqliteConnection openReadOnly(const QString& path) {
-    sqlite3* handle = nullptr;
-    const QByteArray name = QFile::encodeName(path);
-    const int code = sqlite3_open_v2(name.constData(), &handle, SQLITE_OPEN_READONLY, nullptr);
-    if (code != SQLITE_OK) {
-        const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
-        sqlite3_close(handle);
-        raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'. (") + message +
-                                     QLatin1Char(')'));
-    }
-    sqlite3_extended_result_codes(handle, 1);
-    return SqliteConnection(handle, path);
+    return SqliteConnection(openSqliteHandle(path, SQLITE_OPEN_READONLY), path);
 }
 
 TableCounts countRows(SqliteConnection& connection) {

@@ -17,25 +17,10 @@ namespace ostravel {
 
 namespace {
 
-constexpr int kBusyTimeoutMs = 5000;
 const QString kBuildingSuffix = QStringLiteral(".new");
 
 const QString kObjectInvalid = QStringLiteral("Object invalid or no longer set.");
 
-sqlite3* openHandle(const QString& path, int flags) {
-    sqlite3* handle = nullptr;
-    const QByteArray name = QFile::encodeName(path);
-    const int code = sqlite3_open_v2(name.constData(), &handle, flags, nullptr);
-    if (code != SQLITE_OK) {
-        const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
-        sqlite3_close(handle);
-        raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'. (") + message +
-                                     QLatin1Char(')'));
-    }
-    sqlite3_extended_result_codes(handle, 1);
-    sqlite3_busy_timeout(handle, kBusyTimeoutMs);
-    return handle;
-}
 
 // Durable, consistent settings for every handle the program writes through.
 void configure(SqliteConnection& connection) {
@@ -69,7 +54,7 @@ void Database::open(const QString& path) {
         raise(dberr::CouldNotFindFile, QStringLiteral("Could not find file '") + path + QStringLiteral("'."));
     if (const std::optional<QString> problem = headerProblem(path))
         throw DatabaseUnusable(path, *problem);
-    sqlite3* handle = openHandle(path, SQLITE_OPEN_READWRITE);
+    sqlite3* handle = openSqliteHandle(path, SQLITE_OPEN_READWRITE);
     if (const std::optional<QString> problem = integrityProblem(handle)) {
         sqlite3_close(handle);
         throw DatabaseUnusable(path, *problem);
@@ -89,7 +74,7 @@ void Database::create(const QString& path) {
     removeFile(building);
     try {
         {
-            SqliteConnection connection(openHandle(building, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), building);
+            SqliteConnection connection(openSqliteHandle(building, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), building);
             configure(connection);
             connection.run(QStringLiteral("BEGIN"));
             createSchema(connection);

@@ -5,6 +5,8 @@
 
 #include <sqlite3.h>
 
+#include <QFile>
+
 #include <utility>
 
 namespace ostravel {
@@ -169,6 +171,28 @@ void SqliteConnection::close() {
     m_cache.clear();
     sqlite3_close_v2(m_handle);
     m_handle = nullptr;
+}
+
+namespace {
+
+// How long a statement waits for another handle's lock before it reports the file as locked.
+constexpr int kBusyTimeoutMilliseconds = 5000;
+
+}  // namespace
+
+sqlite3* openSqliteHandle(const QString& path, int flags) {
+    sqlite3* handle = nullptr;
+    const QByteArray name = QFile::encodeName(path);
+    const int code = sqlite3_open_v2(name.constData(), &handle, flags, nullptr);
+    if (code != SQLITE_OK) {
+        const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
+        sqlite3_close(handle);
+        raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'. (") + message +
+                                     QLatin1Char(')'));
+    }
+    sqlite3_extended_result_codes(handle, 1);
+    sqlite3_busy_timeout(handle, kBusyTimeoutMilliseconds);
+    return handle;
 }
 
 }  // namespace ostravel

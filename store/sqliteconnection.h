@@ -74,6 +74,9 @@ private:
     std::uint64_t m_writes = 0;
 };
 
+// Opens a file with the given flags, raising 3049 with the engine's words when it can't.
+sqlite3* openSqliteHandle(const QString& path, int flags);
+
 // Raises the engine error that matches an SQLite failure, with the program's error numbers.
 [[noreturn]] void raiseSqliteError(sqlite3* handle, int code, const QString& sql);
 
