@@ -1,5 +1,6 @@
 #include "app/mainframe.h"
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/program.h"
 #include "store/compaction.h"
@@ -56,37 +57,33 @@ void MainFrame::MDIForm_Load() {
 void MainFrame::cmbportfolio_Change() {
     if (!selectportfolio)
         return;
-    try {
-        selectportfolio();
-    } catch (const VbError& e) {
+    trapped(selectportfolio, [&](const VbError& e) {
         // Events that set each other's boxes can run out of stack; that is passed over.
         if (e.number() != err::OutOfStack)
             m_program.reporter().report(e, QStringLiteral("(Module) Mdiform1::Sub cmbportfolio_change"));
-    }
+    });
 }
 
 void MainFrame::Cmbequityname_Click() {
     // A name that isn't in the symbol list leaves the code as it was.
-    try {
+    const bool found = passedOver([&] {
         auto rs = m_program.store().database().openRecordset(QStringLiteral("select ticker from qoutense where name='") +
-                                                       sqlText(Cmbequityname.text) + QStringLiteral("';"));
+                                                             sqlText(Cmbequityname.text) + QStringLiteral("';"));
         cmbequity = rs->field(0).toString() + QStringLiteral(".NS");
-    } catch (const VbError&) {
-        return;
-    }
-    cmbequity_Change();
+    });
+    if (found)
+        cmbequity_Change();
 }
 
 void MainFrame::cmbequity_Change() {
     // A code that isn't in the symbol list gives a blank name.
     QString name;
-    try {
+    passedOver([&] {
         auto rs = m_program.store().database().openRecordset(QStringLiteral("select name from qoutense where ticker='") +
-                                                       sqlText(equitySymbol()) + QStringLiteral("';"));
+                                                             sqlText(equitySymbol()) + QStringLiteral("';"));
         if (!rs->eof())
             name = rs->field(0).toString();
-    } catch (const VbError&) {
-    }
+    });
     caption = name;
     Cmbequityname.text = name;
     historyFileName = appFile(QStringLiteral("history/daily/") + equitySymbol() + QStringLiteral(".csv"));
@@ -103,16 +100,10 @@ bool MainFrame::MDIForm_QueryUnload(bool fromExit) {
 bool MainFrame::Exit() {
     Store& store = m_program.store();
     // Every step passes its errors over: the exit question comes whatever happened before it.
-    try {
-        store.database().execute(QStringLiteral("delete * from simulation"));
-    } catch (const VbError&) {
-    }
+    passedOver([&] { store.database().execute(QStringLiteral("delete * from simulation")); });
     store.closeDatabase();
-    try {
-        compactDatabase(appFile(kLiveDatabase));
-    } catch (const VbError&) {
-        // A compaction that can't be done leaves the live file as it was.
-    }
+    // A compaction that can't be done leaves the live file as it was.
+    passedOver([&] { compactDatabase(appFile(kLiveDatabase)); });
 
     const Answer answer = m_program.prompt().message(QStringLiteral("Do you really want to exit program?"),
                                                      Buttons::YesNo, Icon::Question,

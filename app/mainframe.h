@@ -33,6 +33,14 @@ public:
 
     // The overview refills itself when the portfolio changes; set by the screen that shows it.
     std::function<void()> selectportfolio;
+    // The frame's window shows this state again after a screen has written it; set by the window.
+    std::function<void()> mirror;
+
+    // Asks the window, when there is one, to show the state again.
+    void showChanges() {
+        if (mirror)
+            mirror();
+    }
 
     // cmbequity without the ".NS" suffix, as every lookup wants it.
     QString equitySymbol() const;

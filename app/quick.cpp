@@ -1,5 +1,6 @@
 #include "app/quick.h"
 
+#include "app/base/trap.h"
 #include "app/program.h"
 
 namespace ostravel {

@@ -1,6 +1,7 @@
 #include "ledger/addremovecash.h"
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbmath.h"
 #include "app/program.h"
 #include "app/screens.h"
@@ -36,17 +37,6 @@ MovementCaptions captionsOf(CashMovement movement) {
     return {AddRemoveCash::kInterestCaption, QStringLiteral("Add bank Interest or Dividend")};
 }
 
-// This screen traps nothing: an error ends the procedure where it arose. Here it is reported
-// with the procedure's name instead of ending the program, and nothing after it runs.
-template <class Procedure>
-void whole(ErrorReporter& reporter, const QString& place, Procedure&& procedure) {
-    try {
-        procedure();
-    } catch (const VbError& e) {
-        reporter.report(e, place);
-    }
-}
-
 QString holdingsOf(const QString& portfolio) {
     return QStringLiteral("select EquitySymbol,OriginalCash from equity where portname='") + sqlText(portfolio) +
            QStringLiteral("';");
@@ -77,7 +67,9 @@ void AddRemoveCash::prepare(CashMovement movement) {
 }
 
 void AddRemoveCash::Form_Load() {
-    whole(m_program->reporter(), kLoadPlace, [&] {
+    // This screen traps nothing: an error ends the procedure where it arose. Here it is reported
+    // with the procedure's name instead of ending the program, and nothing after it runs.
+    trapped(m_program->reporter(), kLoadPlace, [&] {
         Recordset& portfolios = currentRow(m_program->store().portfolio);
         Combo1.items.clear();
         if (portfolios.recordCount() > 0) {
@@ -91,7 +83,7 @@ void AddRemoveCash::Form_Load() {
 }
 
 void AddRemoveCash::Combo1_Click() {
-    whole(m_program->reporter(), kCombo1Place, [&] {
+    trapped(m_program->reporter(), kCombo1Place, [&] {
         std::shared_ptr<Recordset> rows = m_program->store().database().openRecordset(holdingsOf(Combo1.text));
         if (rows->eof()) {
             m_program->prompt().inform(kNoEquity, kTitle);
@@ -123,7 +115,7 @@ QString companyName(Program& program, const QString& ticker) {
 }  // namespace
 
 void AddRemoveCash::Combo2_Click() {
-    whole(m_program->reporter(), kCombo2Place, [&] {
+    trapped(m_program->reporter(), kCombo2Place, [&] {
         const QString name = companyName(*m_program, Combo2.text);
         Store& store = m_program->store();
         store.equity = openChosenHolding(*m_program, Combo2.text, Combo1.text);
@@ -137,7 +129,7 @@ void AddRemoveCash::Combo2_Click() {
 
 void AddRemoveCash::Combo2_Change() {
     // Runs at every key typed: a code that names no holding yet leaves the line as it was.
-    try {
+    passedOver([&] {
         const QString code = Combo2.text;
         QString name;
         if (code.endsWith(QLatin1String("NS")) || code.endsWith(QLatin1String("BO")))
@@ -147,8 +139,7 @@ void AddRemoveCash::Combo2_Change() {
         Label3.caption = QStringLiteral("You have Rs ") +
                          columnText(currentRow(store.equity).field(QStringLiteral("CurrentCash"))) +
                          QStringLiteral(" for ") + name;
-    } catch (const VbError&) {
-    }
+    });
 }
 
 void AddRemoveCash::cmdupdate_Click() {
@@ -160,7 +151,7 @@ void AddRemoveCash::cmdupdate_Click() {
         return;
 
     bool changed = false;
-    whole(program.reporter(), kUpdatePlace, [&] {
+    trapped(program.reporter(), kUpdatePlace, [&] {
         Store& store = program.store();
         Transaction work(store.database());
         store.equity = openChosenHolding(program, Combo2.text, Combo1.text);

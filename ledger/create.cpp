@@ -2,11 +2,12 @@
 
 #include <optional>
 
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
 #include "app/screens.h"
 #include "ledger/datecaption.h"
-#include "ledger/gridstatement.h"
+#include "app/base/trap.h"
 #include "ledger/newholding.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
@@ -36,7 +37,8 @@ void PortfolioWizard::Form_Load() {
 void PortfolioWizard::addgrid() {
     ErrorReporter& reporter = m_program->reporter();
     const auto statement = [&](auto&& body) {
-        gridStatement(MSFlexGrid1, body, [&](const VbError& e) { reporter.report(e, place("addgrid")); });
+        trappedGrowing([&] { MSFlexGrid1.addRow(); }, body,
+                       [&](const VbError& e) { reporter.report(e, place("addgrid")); });
     };
     statement([&] { MSFlexGrid1.setFormatString(kGridFormat); });
     statement([&] { MSFlexGrid1.setColWidth(1, kColWidth); });

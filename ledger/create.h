@@ -6,7 +6,7 @@
 
 #include "app/gridformat.h"
 #include "ledger/form_state.h"
-#include "position/controls.h"
+#include "app/controls.h"
 
 namespace ostravel {
 

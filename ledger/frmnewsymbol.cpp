@@ -1,5 +1,6 @@
 #include "ledger/frmnewsymbol.h"
 
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "position/holding.h"
 #include "store/sqltext.h"

@@ -5,7 +5,7 @@
 #include "app/program.h"
 #include "app/screens.h"
 #include "ledger/datecaption.h"
-#include "ledger/gridstatement.h"
+#include "app/base/trap.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "store/dberrors.h"
@@ -27,12 +27,11 @@ void PortfolioManager::handle(const VbError& error, bool atLoad) {
     if (error.number() == dberr::DuplicateKey) {
         m_program->prompt().message(QStringLiteral("Duplicate Portfolio name"), Buttons::OK, Icon::None,
                                     QStringLiteral("Duplicate portfolio"));
-        try {
+        // Nothing may be pending: then there is nothing to cancel.
+        passedOver([&] {
             if (m_program->store().portfolio)
                 m_program->store().portfolio->cancelUpdate();
-        } catch (const VbError&) {
-            // Nothing was pending.
-        }
+        });
         Text1.text.clear();
         focus = QStringLiteral("Text1");
         return;
@@ -45,7 +44,8 @@ void PortfolioManager::handle(const VbError& error, bool atLoad) {
 
 template <class Statement>
 bool PortfolioManager::statement(Statement&& body, bool atLoad) {
-    return gridStatement(MSFlexGrid1, body, [&](const VbError& e) { handle(e, atLoad); });
+    return trappedGrowing([&] { MSFlexGrid1.addRow(); }, body,
+                          [&](const VbError& e) { handle(e, atLoad); });
 }
 
 void PortfolioManager::Form_Load() {

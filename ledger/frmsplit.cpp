@@ -1,6 +1,7 @@
 #include "ledger/frmsplit.h"
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
 #include "app/program.h"
@@ -50,7 +51,7 @@ void FrmSplit::Command1_Click() {
 
     // The procedure traps nothing: an error (a holding that isn't in the portfolio) is reported
     // and ends it, and the holding stays as it was.
-    try {
+    const bool split = trapped(program.reporter(), kSplitPlace, [&] {
         Transaction work(program.store().database());
         std::shared_ptr<Recordset> holding = openHolding(program);
         Recordset& row = currentRow(holding);
@@ -65,10 +66,9 @@ void FrmSplit::Command1_Click() {
         row.update();
         row.close();
         work.commit();
-    } catch (const VbError& e) {
-        program.reporter().report(e, kSplitPlace);
+    });
+    if (!split)
         return;
-    }
     unload();
     trapped(program.reporter(), kSplitPlace, [&] { selectportfolio(program); });
 }

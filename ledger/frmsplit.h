@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "ledger/form_state.h"
-#include "position/controls.h"
+#include "app/controls.h"
 
 namespace ostravel {
 

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
 #include "app/screens.h"

@@ -1,6 +1,7 @@
 #include "ledger/portfolioexplorer.h"
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/variant.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
@@ -10,7 +11,7 @@
 #include "app/screens.h"
 #include "ledger/textarithmetic.h"
 #include "position/advice.h"
-#include "position/controls.h"
+#include "app/controls.h"
 #include "position/equitymanager.h"
 #include "store/sqltext.h"
 
@@ -71,25 +72,19 @@ private:
 
 template <class Statement>
 void Overview::step(Statement&& statement) {
-    bool grown = false;
-    for (;;) {
-        try {
-            statement();
-            return;
-        } catch (const VbError& e) {
-            if (e.number() == err::InvalidArrayIndex && !grown) {
-                m_explorer.MSFlexGrid1.setRows(m_explorer.MSFlexGrid1.rows() + 1);
-                m_explorer.MSFlexGrid2.setRows(m_explorer.MSFlexGrid2.rows() + 1);
-                grown = true;
-                continue;
-            }
+    // The two grids grow together: the commission grid keeps a line for each line of holdings.
+    trappedGrowing(
+        [&] {
+            m_explorer.MSFlexGrid1.addRow();
+            m_explorer.MSFlexGrid2.addRow();
+        },
+        std::forward<Statement>(statement),
+        [&](const VbError& e) {
             if (e.number() == err::TypeMismatch)
                 m_P = 0.0;
             else if (e.number() != err::InvalidUseOfNull)
                 m_program.reporter().report(e, kSelectPlace);
-            return;
-        }
-    }
+        });
 }
 
 void Overview::run() {
@@ -252,12 +247,10 @@ void PortfolioExplorer::MSFlexGrid1_Click(int row) {
     MainFrame& frame = m_program.frame();
     // A click on the total line or an empty one finds no holding (3021): the click goes on.
     auto step = [&](auto&& statement) {
-        try {
-            statement();
-        } catch (const VbError& e) {
+        trapped(statement, [&](const VbError& e) {
             if (e.number() != err::NoCurrentRecord)
                 reporter.report(e, kClickPlace);
-        }
+        });
     };
 
     QString symbol;

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
@@ -57,32 +58,22 @@ public:
     // Runs one statement; whether it ran clean.
     template <class Statement>
     bool operator()(Statement&& statement) {
-        try {
-            statement();
-            return true;
-        } catch (const VbError& e) {
-            if (!(m_nulls == NullIsQuiet && e.number() == err::InvalidUseOfNull))
-                m_reporter.report(e, m_place);
-            return false;
-        }
+        return trapped(std::forward<Statement>(statement), [this](const VbError& e) { handle(e); });
     }
 
     // A statement that writes a cell of the grid.
     template <class Statement>
     bool grid(FlexGridData& grid, Statement&& statement) {
-        return (*this)([&] {
-            try {
-                statement();
-            } catch (const VbError& e) {
-                if (e.number() != err::InvalidArrayIndex)
-                    throw;
-                grid.setRows(grid.rows() + 1);
-                statement();
-            }
-        });
+        return trappedGrowing([&] { grid.addRow(); }, std::forward<Statement>(statement),
+                              [this](const VbError& e) { handle(e); });
     }
 
 private:
+    void handle(const VbError& e) {
+        if (!(m_nulls == NullIsQuiet && e.number() == err::InvalidUseOfNull))
+            m_reporter.report(e, m_place);
+    }
+
     ErrorReporter& m_reporter;
     QString m_place;
     NullHandling m_nulls;

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
@@ -10,7 +11,7 @@
 #include "position/equitymanager.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
-#include "simulation/pcaresult.h"
+#include "position/pcaresult.h"
 #include "store/database.h"
 
 namespace ostravel {
@@ -53,11 +54,7 @@ public:
 private:
     template <class Body>
     void statement(Body&& body) {
-        try {
-            body();
-        } catch (const VbError& e) {
-            fail(e);
-        }
+        trapped(std::forward<Body>(body), [this](const VbError& e) { fail(e); });
     }
     void fail(const VbError& e);
 
@@ -330,12 +327,11 @@ AdviceOutcome advisewhatif(Program& program) {
     program.module<EquityManager>().load();
     const std::optional<QString> answer = program.prompt().input(kWhatIfPrompt, kWhatIfTitle, QString());
     // Cancel gives an empty text; that, or any text that is no number, leaves adviseprice at 0.
-    try {
-        values.adviseprice = textToSingle(answer.value_or(QString()));
-    } catch (const VbError& e) {
-        if (e.number() != err::TypeMismatch)
-            program.reporter().report(e, kWhatIfPlace);
-    }
+    trapped([&] { values.adviseprice = textToSingle(answer.value_or(QString())); },
+            [&](const VbError& e) {
+                if (e.number() != err::TypeMismatch)
+                    program.reporter().report(e, kWhatIfPlace);
+            });
     if (values.adviseprice != 0)
         outcome = getadvise(program);
     values.adviseprice = 0;

@@ -1,6 +1,7 @@
 #include "position/equitymanager.h"
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"

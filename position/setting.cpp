@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"

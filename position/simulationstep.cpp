@@ -1,4 +1,5 @@
 // simulationstep: one day of the rule over price history, on the values in memory.
+#include "app/base/trap.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
 #include "app/program.h"
@@ -16,15 +17,6 @@ const QString kPricePattern = QStringLiteral("0");
 
 // The simulation's minimum trade at the start, growing with simportcontrol.
 constexpr float kBaseTrade = 1000;
-
-// Every statement of the day passes its errors over in silence: a failed one is skipped.
-template <class Body>
-void statement(Body&& body) {
-    try {
-        body();
-    } catch (const VbError&) {
-    }
-}
 
 float quotient(float a, float b) {
     return toSingleChecked(divide(a, b));
@@ -73,15 +65,16 @@ private:
     float m_threshold = 0;
 };
 
+// Every statement of the day passes its errors over in silence: a failed one is skipped.
 void SimulationStep::start() {
-    statement([&] { m_em.load(); });
-    statement([&] {
+    passedOver([&] { m_em.load(); });
+    passedOver([&] {
         m_v.simportcontrol =
             toSingleChecked(setting("BeginningShares") * Val(columnText(day().field(QStringLiteral("Close")))));
     });
-    statement([&] { m_v.simcash = toSingleChecked(Val(m_em.txtbegcash.text)); });
-    statement([&] { m_v.simshares = toInteger(setting("BeginningShares")); });
-    statement([&] { m_v.simcps = toSingleChecked(close()); });
+    passedOver([&] { m_v.simcash = toSingleChecked(Val(m_em.txtbegcash.text)); });
+    passedOver([&] { m_v.simshares = toInteger(setting("BeginningShares")); });
+    passedOver([&] { m_v.simcps = toSingleChecked(close()); });
     m_advice.buycount = 0;
     m_advice.sellcount = 0;
     m_v.simportcontrol0 = m_v.simportcontrol;
@@ -90,22 +83,22 @@ void SimulationStep::start() {
 void SimulationStep::run() {
     if (m_v.simportcontrol == 0)
         start();
-    statement([&] { m_v.simprice = toSingleChecked(close()); });
+    passedOver([&] { m_v.simprice = toSingleChecked(close()); });
     m_v.simvalue = m_v.simprice * m_v.simshares;
 
-    statement([&] {
+    passedOver([&] {
         m_v.simsellamount = toSingleChecked((m_v.simvalue - m_v.simportcontrol) -
                                             (static_cast<double>(m_v.simvalue) * setting("Resistsell")) / 100);
     });
     // The minimum trade: 1000 rupees at the start, growing as simportcontrol grows.
-    statement([&] { m_threshold = quotient(m_v.simportcontrol, m_v.simportcontrol0) * kBaseTrade; });
+    passedOver([&] { m_threshold = quotient(m_v.simportcontrol, m_v.simportcontrol0) * kBaseTrade; });
     if (m_threshold < m_v.simsellamount)
         sell();
     else
         nextSell();
 
     // With the stock value of the day's start, also after a sale in this step.
-    statement([&] {
+    passedOver([&] {
         m_v.simbuyamount = toSingleChecked((m_v.simportcontrol - m_v.simvalue) -
                                            (static_cast<double>(m_v.simvalue) * setting("ResistBuy")) / 100);
     });
@@ -120,14 +113,14 @@ void SimulationStep::run() {
 
     if (m_em.txtnextbuyshare.foreColour == kWhite && m_em.txtnextsellshare.foreColour == kWhite)
         m_em.lbladvise.caption = QStringLiteral("HOLD");
-    statement([&] { m_v.simlastprice = toSingleChecked(close()); });
+    passedOver([&] { m_v.simlastprice = toSingleChecked(close()); });
 }
 
 void SimulationStep::sell() {
     m_em.txtnextsellamount.foreColour = kRed;
     m_em.lbladvise.caption = QStringLiteral("SELL");
     m_v.simsellprice = m_v.simprice;
-    statement([&] { m_v.simsellshares = wholeShares(m_v.simsellamount, m_v.simprice); });
+    passedOver([&] { m_v.simsellshares = wholeShares(m_v.simsellamount, m_v.simprice); });
     m_em.txtnextsellamount.text = singleText(m_v.simsellprice * m_v.simsellshares);
     m_em.txtnextsell.foreColour = kRed;
     m_em.txtnextsell.text = QString::number(m_v.simsellshares);
@@ -135,24 +128,24 @@ void SimulationStep::sell() {
     m_em.txtnextsellshare.text = formatNumber(m_v.simsellprice, kPricePattern);
     m_v.simcash = m_v.simcash + m_v.simsellprice * m_v.simsellshares;
     m_v.simprevshares = m_v.simshares;
-    statement([&] { m_v.simshares = toInteger(m_v.simshares - m_v.simsellshares); });
-    statement([&] { m_advice.sellcount = Variant(m_advice.sellcount.toLong() + 1); });
+    passedOver([&] { m_v.simshares = toInteger(m_v.simshares - m_v.simsellshares); });
+    passedOver([&] { m_advice.sellcount = Variant(m_advice.sellcount.toLong() + 1); });
     // With no shares left the division fails and the cost stays as it was.
-    statement([&] {
+    passedOver([&] {
         m_v.simcps = quotient(m_v.simcps * m_v.simprevshares - m_v.simsellprice * m_v.simsellshares, m_v.simshares);
     });
-    statement([&] { m_v.simcps = shownCost(m_v.simcps); });
+    passedOver([&] { m_v.simcps = shownCost(m_v.simcps); });
     addTrade(static_cast<std::int16_t>(-m_v.simsellshares));
 }
 
 void SimulationStep::nextSell() {
     m_v.simsellamount = kBaseTrade;
-    statement([&] {
+    passedOver([&] {
         m_v.simsellprice =
             toSingleChecked(static_cast<double>(quotient(kBaseTrade + m_v.simportcontrol, m_v.simshares)) *
                             divide(100, 100 - setting("resistsell")));
     });
-    statement([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
+    passedOver([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
     m_em.txtnextsell.text = QString::number(m_v.simsellshares);
     m_em.txtnextsellshare.text = formatNumber(m_v.simsellprice, kPricePattern);
     m_em.txtnextsellamount.text = singleText(m_v.simsellamount);
@@ -163,7 +156,7 @@ void SimulationStep::buy() {
     m_em.lbladvise.fontName = QStringLiteral("24");
     m_em.lbladvise.caption = QStringLiteral("BUY");
     m_v.simbuyprice = m_v.simprice;
-    statement([&] { m_v.simbuyshares = wholeShares(m_v.simbuyamount, m_v.simprice); });
+    passedOver([&] { m_v.simbuyshares = wholeShares(m_v.simbuyamount, m_v.simprice); });
     m_em.txtnextbuyamount.text = singleText(m_v.simbuyprice * m_v.simbuyshares);
     m_em.txtnextbuy.foreColour = kGreen;
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
@@ -173,12 +166,12 @@ void SimulationStep::buy() {
     // A purchase raises the reference by half of its amount.
     m_v.simportcontrol = m_v.simportcontrol + (m_v.simbuyprice * m_v.simbuyshares) / 2;
     m_v.simprevshares = m_v.simshares;
-    statement([&] { m_v.simshares = toInteger(m_v.simshares + m_v.simbuyshares); });
-    statement([&] { m_advice.buycount = toInteger(m_advice.buycount + 1); });
-    statement([&] {
+    passedOver([&] { m_v.simshares = toInteger(m_v.simshares + m_v.simbuyshares); });
+    passedOver([&] { m_advice.buycount = toInteger(m_advice.buycount + 1); });
+    passedOver([&] {
         m_v.simcps = quotient(m_v.simcps * m_v.simprevshares + m_v.simbuyprice * m_v.simbuyshares, m_v.simshares);
     });
-    statement([&] { m_v.simcps = shownCost(m_v.simcps); });
+    passedOver([&] { m_v.simcps = shownCost(m_v.simcps); });
     addTrade(m_v.simbuyshares);
 }
 
@@ -186,7 +179,7 @@ void SimulationStep::showAffordableBuy() {
     // The cash doesn't reach: what it would buy is shown, and nothing is traded.
     m_v.simbuyamount = m_v.simcash;
     m_v.simbuyprice = m_v.simprice;
-    statement([&] { m_v.simbuyshares = wholeShares(m_v.simcash, m_v.simbuyprice); });
+    passedOver([&] { m_v.simbuyshares = wholeShares(m_v.simcash, m_v.simbuyprice); });
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
     m_em.txtnextbuyshare.text = formatNumber(m_v.simbuyprice, kPricePattern);
     m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
@@ -194,12 +187,12 @@ void SimulationStep::showAffordableBuy() {
 
 void SimulationStep::nextBuy() {
     m_v.simbuyamount = kBaseTrade;
-    statement([&] {
+    passedOver([&] {
         m_v.simbuyprice =
             toSingleChecked(static_cast<double>(quotient(m_v.simportcontrol - kBaseTrade, m_v.simshares)) *
                             divide(100, 100 + setting("resistbuy")));
     });
-    statement([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
+    passedOver([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
     m_em.txtnextbuyshare.text = formatNumber(m_v.simbuyprice, kPricePattern);
     m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
@@ -207,15 +200,15 @@ void SimulationStep::nextBuy() {
 
 void SimulationStep::addTrade(std::int16_t shares) {
     Recordset* trades = m_v.simtrades.get();
-    statement([&] { currentRow(m_v.simtrades).addNew(); });
+    passedOver([&] { currentRow(m_v.simtrades).addNew(); });
     if (!trades)
         return;
-    statement([&] { trades->setField(0, day().field(0)); });
-    statement([&] { trades->setField(1, day().field(QStringLiteral("Close"))); });
-    statement([&] { trades->setField(2, static_cast<int>(shares)); });
-    statement([&] { trades->setField(3, static_cast<int>(m_v.simshares)); });
-    statement([&] { trades->setField(6, m_program.frame().equitySymbol()); });
-    statement([&] { trades->update(); });
+    passedOver([&] { trades->setField(0, day().field(0)); });
+    passedOver([&] { trades->setField(1, day().field(QStringLiteral("Close"))); });
+    passedOver([&] { trades->setField(2, static_cast<int>(shares)); });
+    passedOver([&] { trades->setField(3, static_cast<int>(m_v.simshares)); });
+    passedOver([&] { trades->setField(6, m_program.frame().equitySymbol()); });
+    passedOver([&] { trades->update(); });
 }
 
 }  // namespace

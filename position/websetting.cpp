@@ -1,5 +1,6 @@
 #include "position/websetting.h"
 
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 namespace ostravel {
 

@@ -1,5 +1,6 @@
 #include "safety/backup.h"
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/program.h"
 #include "safety/backup_snapshot.h"

@@ -1,5 +1,6 @@
 #include "safety/restore.h"
 
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "safety/backup_drives.h"
 #include "safety/restore_database.h"

@@ -8,6 +8,7 @@ packages=(
   libsqlite3-dev zlib1g-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth clang libclang-rt-14-dev
+  clang-format python3
 )
 
 missing=()

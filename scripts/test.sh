@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything with warnings as errors and under AddressSanitizer
-# and UBSan, runs every test there, then a bounded fuzz run of the backup decoder.
+# Installs what is missing, checks that the house runs one way and that the sources are
+# formatted, builds everything with warnings as errors and under AddressSanitizer and UBSan,
+# runs every test there, then a bounded fuzz run of the backup decoder.
 #   OSTRAVEL_NO_SANITIZERS=1 scripts/test.sh    a plain build, quicker for local runs
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh
+scripts/check_layers.py
+scripts/check_format.sh
 jobs=$(nproc)
 
 sanitize=ON

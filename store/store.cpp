@@ -2,6 +2,7 @@
 
 #include "app/base/apppath.h"
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "store/compaction.h"
 
 #include <QDir>

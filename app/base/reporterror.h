@@ -41,17 +41,4 @@ private:
     EndProgram m_endProgram;
 };
 
-// Runs one statement of a procedure with the common trap: an error goes to the reporter with
-// the procedure's place, and the procedure goes on. Returns whether the statement ran clean.
-template <class Statement>
-bool trapped(ErrorReporter& reporter, const QString& place, Statement&& statement) {
-    try {
-        statement();
-        return true;
-    } catch (const VbError& e) {
-        reporter.report(e, place);
-        return false;
-    }
-}
-
 }  // namespace ostravel

@@ -5,7 +5,7 @@
 #include "app/base/scripted_prompt.h"
 #include "app/program.h"
 #include "app/program_folder.h"
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -11,9 +11,9 @@
 #include <QVBoxLayout>
 
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
+#include "widgets/flexgrid.h"
 #include "ledger/addremovecash.h"
-#include "position/ui/control_binding.h"
+#include "widgets/control_binding.h"
 
 namespace ostravel {
 

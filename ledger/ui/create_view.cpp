@@ -12,15 +12,16 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/rich_text_box.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 #include "ledger/create.h"
 #include "ledger/ui/ledger_screen.h"
-#include "position/ui/control_binding.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/control_binding.h"
+#include "widgets/datepicker.h"
 
 namespace ostravel {
 
@@ -105,7 +106,7 @@ Create::Create(Program& program, QWidget* parent)
             return;
         view->m_unloaded = true;
         // The next screen may open at once: the frame shows the selection it starts from.
-        refreshMainFrame(view);
+        view->m_program.frame().showChanges();
         view->done(QDialog::Rejected);
     };
     m_state.load();
@@ -133,7 +134,7 @@ QPushButton* Create::addButton(const QString& name, const Button& button, void (
 void Create::act(void (PortfolioWizard::*procedure)()) {
     (m_state.*procedure)();
     refresh();
-    refreshMainFrame(this);
+    m_program.frame().showChanges();
 }
 
 void Create::cellChosen(int tableRow, int col, void (PortfolioWizard::*procedure)(int, int)) {

@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <utility>
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 class QLineEdit;
 class QPushButton;

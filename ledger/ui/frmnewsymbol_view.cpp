@@ -11,7 +11,7 @@
 #include "app/program.h"
 #include "ledger/frmnewsymbol.h"
 #include "ledger/ui/ledger_screen.h"
-#include "position/ui/control_binding.h"
+#include "widgets/control_binding.h"
 
 namespace ostravel {
 

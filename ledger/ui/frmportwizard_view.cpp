@@ -16,16 +16,16 @@
 
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
+#include "widgets/flexgrid.h"
 #include "ledger/frmportwizard.h"
 #include "ledger/ui/ledger_screen.h"
-#include "position/ui/control_binding.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/control_binding.h"
+#include "widgets/datepicker.h"
 
 namespace ostravel {
 
 frmportwizard::frmportwizard(Program& program, QWidget* parent)
-    : QWidget(parent), m_state(program.module<PortfolioManager>()) {
+    : QWidget(parent), m_program(program), m_state(program.module<PortfolioManager>()) {
     setObjectName(QStringLiteral("frmportwizard"));
     setWindowTitle(PortfolioManager::kCaption);
 
@@ -132,7 +132,7 @@ void frmportwizard::act(void (PortfolioManager::*procedure)()) {
     if (m_unloaded)
         return;
     refresh();
-    refreshMainFrame(this);
+    m_program.frame().showChanges();
 }
 
 void frmportwizard::refresh() {

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <utility>
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 class QComboBox;
 class QGroupBox;
@@ -37,6 +37,7 @@ private:
                            QWidget* parent);
     void act(void (PortfolioManager::*procedure)());
 
+    Program& m_program;
     PortfolioManager& m_state;
     QComboBox* m_Combo1;
     QGroupBox* m_Frame2;

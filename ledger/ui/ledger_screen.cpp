@@ -5,20 +5,9 @@
 #include <algorithm>
 
 #include "app/base/vbdate.h"
-#include "app/ui/mdiform1_view.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/datepicker.h"
 
 namespace ostravel {
-
-void refreshMainFrame(QWidget* screen) {
-    // A wizard may stand over another wizard: the frame is the first owner up the line.
-    for (QWidget* owner = screen; owner; owner = owner->parentWidget()) {
-        if (auto* frame = qobject_cast<MDIForm1View*>(owner)) {
-            frame->refresh();
-            return;
-        }
-    }
-}
 
 void takeFocus(QWidget* screen, QString& focus) {
     if (focus.isEmpty())

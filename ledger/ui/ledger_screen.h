@@ -1,9 +1,8 @@
-// What the ledger's wizard screens share on the widget side: the main frame shown again after
-// an action, the focus that the logic asks for, the company and portfolio lists, and the
+// What the ledger's wizard screens share on the widget side: the focus that the logic asks for, the company and portfolio lists, and the
 // hidden calendar beside its date button.
 #pragma once
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 class QComboBox;
 class QWidget;
@@ -11,9 +10,6 @@ class QWidget;
 namespace ostravel {
 
 class DatePicker;
-
-// Mirrors the main frame's selection, caption and lists, which the screens' logic writes.
-void refreshMainFrame(QWidget* screen);
 
 // Puts the focus on the screen's control of that name, and clears the request.
 void takeFocus(QWidget* screen, QString& focus);

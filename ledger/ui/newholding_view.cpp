@@ -13,17 +13,18 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/base/keyfilters.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/key_filter.h"
-#include "app/ui/rich_text_box.h"
+#include "widgets/flexgrid.h"
+#include "widgets/key_filter.h"
+#include "widgets/rich_text_box.h"
 #include "ledger/newholding.h"
 #include "ledger/ui/ledger_screen.h"
-#include "position/ui/control_binding.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/control_binding.h"
+#include "widgets/datepicker.h"
 
 namespace ostravel {
 
@@ -51,7 +52,7 @@ Newholding::Newholding(Program& program, QWidget* parent)
         connect(option, &QRadioButton::clicked, this, [this, i] {
             m_state.optnsebse_Click(i);
             refresh();
-            refreshMainFrame(this);
+            m_program.frame().showChanges();
         });
         exchangeLayout->addWidget(option);
         m_optnsebse[static_cast<std::size_t>(i)] = option;
@@ -145,7 +146,7 @@ Newholding::Newholding(Program& program, QWidget* parent)
             return;
         view->m_unloaded = true;
         // The next screen may open at once: the frame shows the selection it starts from.
-        refreshMainFrame(view);
+        view->m_program.frame().showChanges();
         view->done(QDialog::Rejected);
     };
     // Filling the company list takes a moment.
@@ -153,7 +154,7 @@ Newholding::Newholding(Program& program, QWidget* parent)
     m_state.load();
     QApplication::restoreOverrideCursor();
     refresh();
-    refreshMainFrame(this);
+    m_program.frame().showChanges();
 }
 
 Newholding::~Newholding() {
@@ -174,7 +175,7 @@ QPushButton* Newholding::addButton(const QString& name, const Button& button, vo
 void Newholding::act(void (NewHolding::*procedure)()) {
     (m_state.*procedure)();
     refresh();
-    refreshMainFrame(this);
+    m_program.frame().showChanges();
 }
 
 void Newholding::refresh() {

@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 class QComboBox;
 class QLineEdit;

@@ -1,8 +1,7 @@
 #include "ledger/ui/portfolioexplorer_view.h"
 
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/mdiform1_view.h"
+#include "widgets/flexgrid.h"
 #include "ledger/portfolioexplorer.h"
 
 #include <QComboBox>
@@ -136,8 +135,7 @@ void Portfolioexplorer::Command1_Click() {
 }
 
 void Portfolioexplorer::refreshFrame() {
-    if (auto* frame = qobject_cast<MDIForm1View*>(window()))
-        frame->refresh();
+    m_program.frame().showChanges();
 }
 
 }  // namespace ostravel

@@ -16,13 +16,14 @@
 
 #include "app/base/apppath.h"
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/rich_text_box.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 #include "ledger/trade.h"
-#include "position/ui/control_binding.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/control_binding.h"
+#include "widgets/datepicker.h"
 
 namespace ostravel {
 

@@ -16,10 +16,9 @@
 
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "app/ui/mdiform1_view.h"
 #include "position/equitymanager.h"
-#include "position/equitymanager_actions.h"
-#include "position/ui/control_binding.h"
+#include "ledger/equitymanager_actions.h"
+#include "widgets/control_binding.h"
 
 namespace ostravel {
 
@@ -417,8 +416,7 @@ void equitymanager::focusFrameCode() {
 }
 
 void equitymanager::refreshFrame() {
-    if (auto* frame = qobject_cast<MDIForm1View*>(window()))
-        frame->refresh();
+    m_program.frame().showChanges();
 }
 
 }  // namespace ostravel

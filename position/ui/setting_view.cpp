@@ -1,11 +1,12 @@
 #include "position/ui/setting_view.h"
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/program.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/rich_text_box.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 #include "position/setting.h"
-#include "position/ui/control_binding.h"
+#include "widgets/control_binding.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -2,7 +2,7 @@
 // with its help text shown below on demand. It mirrors Setting and forwards the buttons.
 #pragma once
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
 #include "position/ui/websetting_view.h"
 
 #include "app/program.h"
-#include "position/ui/control_binding.h"
+#include "widgets/control_binding.h"
 #include "position/websetting.h"
 
 #include <QCheckBox>

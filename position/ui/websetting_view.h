@@ -2,7 +2,7 @@
 // and Apply. It mirrors WebSetting and forwards the buttons; Escape unloads it.
 #pragma once
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 #include <QDialog>
 

@@ -2,7 +2,7 @@
 
 #include "app/program.h"
 #include "safety/ui/backup_path_view.h"
-#include "safety/ui/close_form.h"
+#include "widgets/close_form.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>

@@ -1,6 +1,6 @@
 #include "safety/ui/restore_view.h"
 
-#include "safety/ui/close_form.h"
+#include "widgets/close_form.h"
 #include "safety/ui/drive_views.h"
 
 #include <QCloseEvent>

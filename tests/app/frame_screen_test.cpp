@@ -1,7 +1,7 @@
 #include "app/menu_tree.h"
-#include "app/ui/mdiform1_view.h"
-#include "app/ui/quick_view.h"
-#include "app/ui/splash_view.h"
+#include "app/frame/mdiform1_view.h"
+#include "app/frame/quick_view.h"
+#include "app/frame/splash_view.h"
 #include "tests/support/program_screen_test.h"
 
 #include <QAction>

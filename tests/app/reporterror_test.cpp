@@ -1,5 +1,6 @@
 #include "app/base/apppath.h"
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/base/scripted_prompt.h"
 #include "app/base/vbdate.h"
 

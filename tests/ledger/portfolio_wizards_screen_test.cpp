@@ -13,7 +13,7 @@
 
 #include "app/base/vbdate.h"
 #include "app/screens.h"
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 #include "ledger/datecaption.h"
 #include "ledger/ui/create_view.h"
 #include "ledger/ui/frmnewsymbol_view.h"
@@ -24,7 +24,7 @@
 #include "tests/ledger/wizard_rows.h"
 #include "tests/support/modal_dialog.h"
 #include "tests/support/program_screen_test.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/datepicker.h"
 
 using namespace ostravel;
 

@@ -1,4 +1,4 @@
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"

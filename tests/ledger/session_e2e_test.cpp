@@ -10,7 +10,7 @@
 #include "ledger/newholding.h"
 #include "ledger/trade.h"
 #include "position/equitymanager.h"
-#include "position/equitymanager_actions.h"
+#include "ledger/equitymanager_actions.h"
 #include "position/setting.h"
 #include "store/database.h"
 #include "tests/support/program_test.h"

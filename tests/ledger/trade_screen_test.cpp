@@ -23,7 +23,7 @@
 #include "tests/support/program_screen_test.h"
 #include "tests/support/selection.h"
 #include "tests/support/store_rows.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/datepicker.h"
 
 using namespace ostravel;
 

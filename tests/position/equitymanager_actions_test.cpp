@@ -1,4 +1,4 @@
-#include "position/equitymanager_actions.h"
+#include "ledger/equitymanager_actions.h"
 
 #include "app/screens.h"
 #include "ledger/newholding.h"

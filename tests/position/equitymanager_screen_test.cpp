@@ -12,7 +12,7 @@
 #include "app/base/vbdate.h"
 #include "app/program_folder.h"
 #include "app/screens.h"
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 #include "position/equitymanager.h"
 #include "position/ui/equitymanager_view.h"
 #include "store/database.h"

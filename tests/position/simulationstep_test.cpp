@@ -1,7 +1,7 @@
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "position_fixture.h"
-#include "simulation/pcaresult.h"
+#include "position/pcaresult.h"
 
 namespace ostravel {
 namespace {

@@ -3,7 +3,7 @@
 // of the main frame that open them.
 #include "tests/safety/backup_test_support.h"
 
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 #include "safety/backup.h"
 #include "safety/restore.h"
 #include "safety/ui/backup_path_view.h"

@@ -1,5 +1,5 @@
 #include "tools/ui/calc_view.h"
-#include "tools/ui/datepicker.h"
+#include "widgets/datepicker.h"
 #include "tools/ui/keyboard_help_view.h"
 
 #include <QCalendarWidget>

@@ -2,7 +2,7 @@
 // TextBox or ComboBox, and mirror() shows the state again after the logic has run.
 #pragma once
 
-#include "position/controls.h"
+#include "app/controls.h"
 
 class QComboBox;
 class QLineEdit;

@@ -1,8 +1,8 @@
-#include "app/ui/screen_openers.h"
+#include "app/frame/screen_openers.h"
 
 #include "app/program.h"
 #include "app/screens.h"
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 #include "ledger/frmsplit.h"
 #include "ledger/ui/addremovecash_view.h"
 #include "ledger/ui/create_view.h"

@@ -1,4 +1,4 @@
-#include "app/ui/flexgrid.h"
+#include "widgets/flexgrid.h"
 
 #include <QHeaderView>
 #include <QTableWidget>

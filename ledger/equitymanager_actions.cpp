@@ -1,6 +1,7 @@
-#include "position/equitymanager_actions.h"
+#include "ledger/equitymanager_actions.h"
 
 #include "app/base/reporterror.h"
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "app/screens.h"
 #include "ledger/newholding.h"
@@ -64,16 +65,14 @@ void EquityManagerActions::Form_Activate() {
 EquityManagerActions::Recalculated EquityManagerActions::Command5_Click() {
     EquityManager& em = m_program.module<EquityManager>();
     const auto statement = [&](auto&& body) {
-        try {
-            body();
-        } catch (const VbError& e) {
+        trapped(body, [&](const VbError& e) {
             if (e.number() != err::NoCurrentRecord) {
                 m_program.reporter().report(e, kRecalculatePlace);
                 return;
             }
             m_program.prompt().message(kSelectEquity, Buttons::OK, Icon::None, kSelectEquityTitle);
             throw SelectEquity{};
-        }
+        });
     };
 
     try {

@@ -1,6 +1,6 @@
 // The equity manager's own events: its activation, "Recalculate", "What if" and "Add Trade".
-// They reach the ledger's screens (Create, Newholding, trade), so they stand apart from the
-// screen's state, which the advice rule and the ledger both use.
+// They fill the ledger's screens (Create, Newholding, trade), so they stand with the ledger;
+// the screen's state stays with the advice rule, which writes it.
 #pragma once
 
 #include <QString>

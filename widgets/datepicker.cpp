@@ -1,4 +1,4 @@
-#include "tools/ui/datepicker.h"
+#include "widgets/datepicker.h"
 
 #include <QCalendarWidget>
 #include <QHBoxLayout>

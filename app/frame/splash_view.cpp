@@ -1,5 +1,6 @@
-#include "app/ui/splash_view.h"
+#include "app/frame/splash_view.h"
 
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "app/version.h"
 

@@ -1,5 +1,6 @@
-#include "simulation/pcaresult.h"
+#include "position/pcaresult.h"
 
+#include "app/base/trap.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
 #include "app/program.h"
@@ -12,15 +13,6 @@ namespace ostravel {
 
 namespace {
 
-// A statement that fails is skipped and nothing is said.
-template <class Body>
-void statement(Body&& body) {
-    try {
-        body();
-    } catch (const VbError&) {
-    }
-}
-
 // The boxes take part in the sums as numbers; a box that holds no number fails its statement.
 double number(const TextBox& box) {
     return textToDouble(box.text);
@@ -28,39 +20,40 @@ double number(const TextBox& box) {
 
 }  // namespace
 
+// A statement that fails is skipped and nothing is said.
 void pcaresult(Program& program) {
     EquityManager& em = program.module<EquityManager>();
     AdviceValues& advice = program.module<AdviceValues>();
     Store& store = program.store();
     std::shared_ptr<Recordset> compare;
 
-    statement([&] { compare = store.database().openRecordset(QStringLiteral("select * from compare")); });
-    statement([&] { currentRow(compare).addNew(); });
-    statement([&] {
+    passedOver([&] { compare = store.database().openRecordset(QStringLiteral("select * from compare")); });
+    passedOver([&] { currentRow(compare).addNew(); });
+    passedOver([&] {
         currentRow(compare).setField(QStringLiteral("date"),
                                      currentRow(store.simulation).field(QStringLiteral("date")));
     });
     // The buy-and-hold investor holds twice the rule's beginning shares.
-    statement([&] {
+    passedOver([&] {
         em.lblbhprofit.caption = formatNumber(
             (number(em.txtcurrprice) - number(em.txtbegprice)) * number(em.txtbegshare) * 2, QStringLiteral("#0"));
     });
-    statement([&] { currentRow(compare).setField(QStringLiteral("BuyHoldValue"), Val(em.lblbhprofit.caption)); });
-    statement([&] {
+    passedOver([&] { currentRow(compare).setField(QStringLiteral("BuyHoldValue"), Val(em.lblbhprofit.caption)); });
+    passedOver([&] {
         em.lblbhpersentage.caption = formatNumber(
             divide(number(em.txtcurrprice) - number(em.txtbegprice), number(em.txtbegprice)), QStringLiteral("#0.#%"));
     });
-    statement([&] {
+    passedOver([&] {
         em.lblpcaresult.caption = formatNumber(number(em.txtcurrtotal) - number(em.txtbegtotal), QStringLiteral("0"));
     });
-    statement([&] { currentRow(compare).setField(QStringLiteral("ControlValue"), Val(em.lblpcaresult.caption)); });
-    statement([&] { currentRow(compare).setField(QStringLiteral("EquitySymbol"), program.frame().equitySymbol()); });
-    statement([&] { currentRow(compare).update(); });
-    statement([&] {
+    passedOver([&] { currentRow(compare).setField(QStringLiteral("ControlValue"), Val(em.lblpcaresult.caption)); });
+    passedOver([&] { currentRow(compare).setField(QStringLiteral("EquitySymbol"), program.frame().equitySymbol()); });
+    passedOver([&] { currentRow(compare).update(); });
+    passedOver([&] {
         em.lblpcaresultper.caption = formatNumber(
             divide(number(em.txtcurrtotal) - number(em.txtbegtotal), number(em.txtbegtotal)), QStringLiteral("#0.#%"));
     });
-    statement([&] { em.lblsell.caption = advice.sellcount.toString(); });
+    passedOver([&] { em.lblsell.caption = advice.sellcount.toString(); });
     em.lblbuy.caption = numberToText(advice.buycount);
 }
 

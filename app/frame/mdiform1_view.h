@@ -22,6 +22,7 @@ class MDIForm1View : public QMainWindow {
     Q_OBJECT
 public:
     explicit MDIForm1View(Program& program, QWidget* parent = nullptr);
+    ~MDIForm1View() override;
 
     QMdiArea* mdiArea() const { return m_mdi; }
     // Shows a screen as a child window placed by PosForm.

@@ -1,4 +1,5 @@
-// The day's results of both investors on equitymanager, and the day's row of compare.
+// The day's results of both investors on equitymanager, and the day's row of compare. The
+// advice and the simulation's days both end with it, so it stands with the advice rule.
 #pragma once
 
 namespace ostravel {

@@ -1,4 +1,4 @@
-#include "app/ui/key_filter.h"
+#include "widgets/key_filter.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "app/ui/rich_text_box.h"
+#include "widgets/rich_text_box.h"
 
 #include "app/base/vberror.h"
 #include "app/rtfreader.h"

@@ -1,9 +1,10 @@
-#include "app/ui/quick_view.h"
+#include "app/frame/quick_view.h"
 
+#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/program.h"
 #include "app/quick.h"
-#include "app/ui/rich_text_box.h"
+#include "widgets/rich_text_box.h"
 
 #include <QCheckBox>
 #include <QTextBrowser>

@@ -1,4 +1,4 @@
-#include "app/ui/help_window.h"
+#include "app/frame/help_window.h"
 
 #include "app/base/apppath.h"
 

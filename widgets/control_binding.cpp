@@ -1,8 +1,8 @@
-#include "position/ui/control_binding.h"
+#include "widgets/control_binding.h"
 
 #include "app/base/keyfilters.h"
-#include "app/ui/flexgrid.h"
-#include "app/ui/key_filter.h"
+#include "widgets/flexgrid.h"
+#include "widgets/key_filter.h"
 
 #include <QComboBox>
 #include <QLineEdit>

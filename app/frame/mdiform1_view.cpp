@@ -1,12 +1,12 @@
-#include "app/ui/mdiform1_view.h"
+#include "app/frame/mdiform1_view.h"
 
 #include "app/menu_tree.h"
 #include "app/posform.h"
 #include "app/program.h"
 #include "app/screens.h"
-#include "app/ui/help_window.h"
-#include "app/ui/quick_view.h"
-#include "app/ui/screen_openers.h"
+#include "app/frame/help_window.h"
+#include "app/frame/quick_view.h"
+#include "app/frame/screen_openers.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/portfolioexplorer.h"
@@ -52,10 +52,15 @@ MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(pare
 
     // The overview refills whenever the portfolio changes, open or not.
     m_program.frame().selectportfolio = [&program] { selectportfolio(program); };
+    m_program.frame().mirror = [this] { refresh(); };
     registerScreenOpeners(*this, m_program);
     m_program.frame().MDIForm_Load();
     refresh();
     QTimer::singleShot(0, this, &MDIForm1View::showQuickIfWanted);
+}
+
+MDIForm1View::~MDIForm1View() {
+    m_program.frame().mirror = {};
 }
 
 void MDIForm1View::buildMenus() {

@@ -3,9 +3,9 @@
 #include "app/program.h"
 #include "app/program_folder.h"
 #include "app/single_instance.h"
-#include "app/ui/mdiform1_view.h"
-#include "app/ui/qt_prompt.h"
-#include "app/ui/splash_view.h"
+#include "app/frame/mdiform1_view.h"
+#include "widgets/qt_prompt.h"
+#include "app/frame/splash_view.h"
 
 #include <QApplication>
 #include <QDir>
