@@ -1,7 +1,7 @@
 #include "app/mainframe.h"
 
-#include "app/base/trap.h"
 #include "app/base/apppath.h"
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "store/compaction.h"
 #include "store/sqltext.h"
@@ -67,8 +67,9 @@ void MainFrame::cmbportfolio_Change() {
 void MainFrame::Cmbequityname_Click() {
     // A name that isn't in the symbol list leaves the code as it was.
     const bool found = passedOver([&] {
-        auto rs = m_program.store().database().openRecordset(QStringLiteral("select ticker from qoutense where name='") +
-                                                             sqlText(Cmbequityname.text) + QStringLiteral("';"));
+        auto rs =
+            m_program.store().database().openRecordset(QStringLiteral("select ticker from qoutense where name='") +
+                                                       sqlText(Cmbequityname.text) + QStringLiteral("';"));
         cmbequity = rs->field(0).toString() + QStringLiteral(".NS");
     });
     if (found)
@@ -79,8 +80,9 @@ void MainFrame::cmbequity_Change() {
     // A code that isn't in the symbol list gives a blank name.
     QString name;
     passedOver([&] {
-        auto rs = m_program.store().database().openRecordset(QStringLiteral("select name from qoutense where ticker='") +
-                                                             sqlText(equitySymbol()) + QStringLiteral("';"));
+        auto rs =
+            m_program.store().database().openRecordset(QStringLiteral("select name from qoutense where ticker='") +
+                                                       sqlText(equitySymbol()) + QStringLiteral("';"));
         if (!rs->eof())
             name = rs->field(0).toString();
     });
@@ -105,9 +107,9 @@ bool MainFrame::Exit() {
     // A compaction that can't be done leaves the live file as it was.
     passedOver([&] { compactDatabase(appFile(kLiveDatabase)); });
 
-    const Answer answer = m_program.prompt().message(QStringLiteral("Do you really want to exit program?"),
-                                                     Buttons::YesNo, Icon::Question,
-                                                     QStringLiteral("Exiting Program..."));
+    const Answer answer =
+        m_program.prompt().message(QStringLiteral("Do you really want to exit program?"), Buttons::YesNo,
+                                   Icon::Question, QStringLiteral("Exiting Program..."));
     if (answer == Answer::Yes)
         return true;
     store.connection();

@@ -27,7 +27,7 @@ public:
     ComboState cmbportfolio;
     ComboState Cmbequityname;
     QString cmbequity;  // the current stock code, as a rule with ".NS"
-    QString panel6;  // the status bar's panel that the program writes; the others show the clock
+    QString panel6;     // the status bar's panel that the program writes; the others show the clock
     bool OnlineFlag = false;
     QString historyFileName;
 

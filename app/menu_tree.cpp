@@ -31,11 +31,12 @@ QList<MenuItem> buildTree() {
               item("&Bank", "mnubank", "", false)}),
         menu("Technical Analysis", "mnutechnicalanalysis",
              {item("Tecnical Charts", "StockPriceChart", "Ctrl+T", false), item("50/200 DMA", "mnudmA", "", false)}),
-        menu("T&ools", "mnutools",
-             {item("User Preference", "UserPreferance", "Ctrl+Shift+U", true),
-              item("Stock Split Adjust", "stocksplit", "", true), MenuItem{{}, QStringLiteral("mnuspace"), {}, true, {}},
-              item("Calc&ulator", "mnucalc", "Ctrl+L", true), item("BackUP Database", "mnu_backup", "Ctrl+B", true),
-              item("Restore Database", "mnu_restore", "", true), item("Technical Date", "mnutechnical", "", false)}),
+        menu(
+            "T&ools", "mnutools",
+            {item("User Preference", "UserPreferance", "Ctrl+Shift+U", true),
+             item("Stock Split Adjust", "stocksplit", "", true), MenuItem{{}, QStringLiteral("mnuspace"), {}, true, {}},
+             item("Calc&ulator", "mnucalc", "Ctrl+L", true), item("BackUP Database", "mnu_backup", "Ctrl+B", true),
+             item("Restore Database", "mnu_restore", "", true), item("Technical Date", "mnutechnical", "", false)}),
         menu("&Reports", "mnureports",
              {item("Portfolio Details", "mnuallportfolio", "Ctrl+P", true),
               item("Historical Data", "mnuhistory", "", false)}),
@@ -60,7 +61,9 @@ void collectShortcuts(const QList<MenuItem>& items, QList<MenuItem>& out) {
 
 }  // namespace
 
-const QList<MenuItem>& menuTree() { return tree(); }
+const QList<MenuItem>& menuTree() {
+    return tree();
+}
 
 QList<MenuItem> menuShortcuts() {
     QList<MenuItem> out;

@@ -3,13 +3,13 @@
 // of each subsystem (a screen's state object, a module's variables), made on first use.
 #pragma once
 
-#include "app/base/reporterror.h"
-#include "app/mainframe.h"
-#include "store/store.h"
-
 #include <memory>
 #include <typeindex>
 #include <unordered_map>
+
+#include "app/base/reporterror.h"
+#include "app/mainframe.h"
+#include "store/store.h"
 
 namespace ostravel {
 

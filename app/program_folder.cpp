@@ -1,10 +1,10 @@
 #include "app/program_folder.h"
 
-#include "app/base/apppath.h"
-
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+
+#include "app/base/apppath.h"
 
 namespace ostravel {
 

@@ -20,12 +20,15 @@ bool operator==(const Style& a, const Style& b) {
     return a.bold == b.bold && a.italic == b.italic && a.underline == b.underline && a.halfPoints == b.halfPoints;
 }
 
-const QStringList kSkippedDestinations = {
-    QStringLiteral("fonttbl"), QStringLiteral("colortbl"), QStringLiteral("stylesheet"), QStringLiteral("info"),
-    QStringLiteral("pict"), QStringLiteral("object"), QStringLiteral("header"), QStringLiteral("footer"),
-    QStringLiteral("listtable"), QStringLiteral("listoverridetable"), QStringLiteral("generator"),
-    QStringLiteral("xmlnstbl"), QStringLiteral("rsidtbl"), QStringLiteral("themedata"),
-    QStringLiteral("latentstyles"), QStringLiteral("datastore"), QStringLiteral("filetbl")};
+const QStringList kSkippedDestinations = {QStringLiteral("fonttbl"),      QStringLiteral("colortbl"),
+                                          QStringLiteral("stylesheet"),   QStringLiteral("info"),
+                                          QStringLiteral("pict"),         QStringLiteral("object"),
+                                          QStringLiteral("header"),       QStringLiteral("footer"),
+                                          QStringLiteral("listtable"),    QStringLiteral("listoverridetable"),
+                                          QStringLiteral("generator"),    QStringLiteral("xmlnstbl"),
+                                          QStringLiteral("rsidtbl"),      QStringLiteral("themedata"),
+                                          QStringLiteral("latentstyles"), QStringLiteral("datastore"),
+                                          QStringLiteral("filetbl")};
 
 class HtmlWriter {
 public:
@@ -76,8 +79,12 @@ private:
     bool m_open = false;
 };
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 }  // namespace
 
@@ -92,8 +99,8 @@ QString rtfToHtml(const QByteArray& rtf) {
     }
 
     std::vector<Style> stack{Style{}};
-    QString pending;  // text of the current style not yet written
-    int skipChars = 0; // characters to drop after a \u escape
+    QString pending;    // text of the current style not yet written
+    int skipChars = 0;  // characters to drop after a \u escape
     auto flush = [&] {
         out.text(pending, stack.back());
         pending.clear();
@@ -137,16 +144,14 @@ QString rtfToHtml(const QByteArray& rtf) {
                 ++i;
             } else if (isLetter(next)) {
                 qsizetype j = i + 1;
-                while (j < n && isLetter(rtf[j]))
-                    ++j;
+                while (j < n && isLetter(rtf[j])) ++j;
                 const QString word = QString::fromLatin1(rtf.mid(i + 1, j - i - 1));
                 bool hasParam = false;
                 int param = 0;
                 qsizetype k = j;
                 if (k < n && (rtf[k] == '-' || isDigit(rtf[k]))) {
                     ++k;
-                    while (k < n && isDigit(rtf[k]))
-                        ++k;
+                    while (k < n && isDigit(rtf[k])) ++k;
                     param = rtf.mid(j, k - j).toInt();
                     hasParam = true;
                 }

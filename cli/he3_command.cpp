@@ -1,10 +1,10 @@
 // ostravel-cli he3: packs a file into the backup format, or unpacks one.
+#include <QTextStream>
+
 #include "app/base/vberror.h"
 #include "cli/commands.h"
 #include "safety/clshuffman.h"
 #include "safety/whole_file.h"
-
-#include <QTextStream>
 
 namespace ostravel::cli {
 

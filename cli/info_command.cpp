@@ -1,10 +1,10 @@
 // ostravel-cli info: the tables of the folder's database with their numbers of rows.
+#include <QTextStream>
+
 #include "app/base/apppath.h"
 #include "cli/commands.h"
 #include "store/database.h"
 #include "store/store.h"
-
-#include <QTextStream>
 
 namespace ostravel::cli {
 
@@ -18,8 +18,7 @@ int info(const QStringList& args) {
     try {
         openLiveDatabase(database, appFile(kLiveDatabase));
         QTextStream out(stdout);
-        for (const QString& table : database.tableNames())
-            out << table << '\t' << database.rowCount(table) << '\n';
+        for (const QString& table : database.tableNames()) out << table << '\t' << database.rowCount(table) << '\n';
     } catch (const VbError& error) {
         err << "ostravel-cli: " << error.description() << '\n';
         return 1;

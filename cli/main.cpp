@@ -1,13 +1,12 @@
 // ostravel-cli: the program's headless jobs, for scripts and scheduled runs.
-#include "app/base/apppath.h"
-#include "cli/commands.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QTextStream>
-
 #include <functional>
 #include <map>
+
+#include "app/base/apppath.h"
+#include "cli/commands.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "ledger/form_state.h"
 #include "app/controls.h"
+#include "ledger/form_state.h"
 
 namespace ostravel {
 
@@ -57,7 +57,6 @@ public:
     void Combo2_Change();
     void cmdupdate_Click();
     void cmdclose_Click();
-
 };
 
 // The main frame's three menu entries: refused with a message while no portfolio exists,

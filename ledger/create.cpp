@@ -7,7 +7,6 @@
 #include "app/program.h"
 #include "app/screens.h"
 #include "ledger/datecaption.h"
-#include "app/base/trap.h"
 #include "ledger/newholding.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"

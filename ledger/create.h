@@ -4,9 +4,9 @@
 
 #include <functional>
 
+#include "app/controls.h"
 #include "app/gridformat.h"
 #include "ledger/form_state.h"
-#include "app/controls.h"
 
 namespace ostravel {
 
@@ -72,7 +72,6 @@ private:
     void selectCell(int row, int col);
     // The main frame's portfolio list made again from the table, "Simulation" first and chosen.
     void rebuildPortfolioList();
-
 };
 
 }  // namespace ostravel

@@ -27,7 +27,7 @@ public:
     // The controls go back to their design values; a test's hook between writes stays.
     void unload() {
         auto close = std::move(closeView);
-        if constexpr (requires(Form& f) { f.betweenWrites; }) {
+        if constexpr (requires(Form & f) { f.betweenWrites; }) {
             auto hook = std::move(self().betweenWrites);
             self() = Form(*m_program);
             self().betweenWrites = std::move(hook);

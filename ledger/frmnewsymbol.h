@@ -3,8 +3,8 @@
 
 #include <functional>
 
-#include "ledger/form_state.h"
 #include "app/controls.h"
+#include "ledger/form_state.h"
 
 namespace ostravel {
 
@@ -33,7 +33,6 @@ public:
     QString generatesql() const;
     void cmdadd_Click();
     void cmdclose_Click();
-
 };
 
 }  // namespace ostravel

@@ -1,11 +1,11 @@
 #include "ledger/frmportwizard.h"
 
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbformat.h"
 #include "app/program.h"
 #include "app/screens.h"
 #include "ledger/datecaption.h"
-#include "app/base/trap.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "store/dberrors.h"
@@ -44,8 +44,7 @@ void PortfolioManager::handle(const VbError& error, bool atLoad) {
 
 template <class Statement>
 bool PortfolioManager::statement(Statement&& body, bool atLoad) {
-    return trappedGrowing([&] { MSFlexGrid1.addRow(); }, body,
-                          [&](const VbError& e) { handle(e, atLoad); });
+    return trappedGrowing([&] { MSFlexGrid1.addRow(); }, body, [&](const VbError& e) { handle(e, atLoad); });
 }
 
 void PortfolioManager::Form_Load() {

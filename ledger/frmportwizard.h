@@ -4,9 +4,9 @@
 
 #include <functional>
 
+#include "app/controls.h"
 #include "app/gridformat.h"
 #include "ledger/form_state.h"
-#include "app/controls.h"
 
 namespace ostravel {
 
@@ -77,7 +77,6 @@ private:
     void handle(const VbError& error, bool atLoad = false);
     template <class Statement>
     bool statement(Statement&& body, bool atLoad = false);
-
 };
 
 }  // namespace ostravel

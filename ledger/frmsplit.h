@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "ledger/form_state.h"
 #include "app/controls.h"
+#include "ledger/form_state.h"
 
 namespace ostravel {
 
@@ -37,7 +37,6 @@ public:
     void Form_Load();
     void Command1_Click();
     void cmdclose_Click();
-
 };
 
 // The menu entry "Stock Split Adjust": the screen unloads and shows anew.

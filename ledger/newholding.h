@@ -5,8 +5,8 @@
 #include <array>
 #include <functional>
 
-#include "ledger/form_state.h"
 #include "app/controls.h"
+#include "ledger/form_state.h"
 
 namespace ostravel {
 
@@ -62,7 +62,6 @@ public:
     void DatePicker1_OK(double serial);
     void DatePicker1_Cancel();
     void Form_Click();
-
 };
 
 }  // namespace ostravel

@@ -2,11 +2,11 @@
 // total, the grid of market figures, the portfolio's symbols and the recommendation line.
 #pragma once
 
-#include "app/gridformat.h"
-#include "app/mainframe.h"
-
 #include <QObject>
 #include <QString>
+
+#include "app/gridformat.h"
+#include "app/mainframe.h"
 
 namespace ostravel {
 

@@ -1,10 +1,10 @@
 #include "ledger/textarithmetic.h"
 
+#include <cmath>
+
 #include "app/base/vberror.h"
 #include "app/base/vbformat.h"
 #include "app/base/vbmath.h"
-
-#include <cmath>
 
 namespace ostravel {
 

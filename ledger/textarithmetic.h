@@ -2,9 +2,9 @@
 // with figures it has already formatted.
 #pragma once
 
-#include "app/base/variant.h"
-
 #include <QString>
+
+#include "app/base/variant.h"
 
 namespace ostravel {
 

@@ -4,9 +4,9 @@
 
 #include <functional>
 
+#include "app/controls.h"
 #include "app/gridformat.h"
 #include "ledger/form_state.h"
-#include "app/controls.h"
 
 namespace ostravel {
 
@@ -82,7 +82,6 @@ public:
 
 private:
     void reached(const char* point);
-
 };
 
 }  // namespace ostravel

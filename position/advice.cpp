@@ -10,8 +10,8 @@
 #include "app/program.h"
 #include "position/equitymanager.h"
 #include "position/holding.h"
-#include "position/vbvalues.h"
 #include "position/pcaresult.h"
+#include "position/vbvalues.h"
 #include "store/database.h"
 
 namespace ostravel {

@@ -1,9 +1,9 @@
 // The reading of the rule's columns as numbers and as box texts.
 #pragma once
 
-#include "app/base/vbmath.h"
-
 #include <QString>
+
+#include "app/base/vbmath.h"
 
 namespace ostravel {
 

@@ -1,13 +1,13 @@
 #include "safety/backup.h"
 
-#include "app/base/trap.h"
-#include "app/base/apppath.h"
-#include "app/program.h"
-#include "safety/backup_snapshot.h"
-
 #include <QCoreApplication>
 #include <QDir>
 #include <QScopedValueRollback>
+
+#include "app/base/apppath.h"
+#include "app/base/trap.h"
+#include "app/program.h"
+#include "safety/backup_snapshot.h"
 
 namespace ostravel {
 

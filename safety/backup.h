@@ -2,11 +2,11 @@
 // ostravel_Backup.bk in the folder the user chose, with the stage and progress shown.
 #pragma once
 
-#include "safety/clshuffman.h"
-
 #include <QString>
 #include <cstdint>
 #include <functional>
+
+#include "safety/clshuffman.h"
 
 namespace ostravel {
 

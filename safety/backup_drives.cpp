@@ -1,12 +1,11 @@
 #include "safety/backup_drives.h"
 
-#include "app/base/prompt.h"
-
-#include <algorithm>
-
 #include <QDir>
 #include <QFileInfo>
 #include <QStorageInfo>
+#include <algorithm>
+
+#include "app/base/prompt.h"
 
 namespace ostravel {
 

@@ -17,7 +17,9 @@ void SelPath::Drive1_Change() {
     Dir1_Change();
 }
 
-void SelPath::Dir1_Change() { Label1 = kLabelCaption + QLatin1Char('\n') + Dir1; }
+void SelPath::Dir1_Change() {
+    Label1 = kLabelCaption + QLatin1Char('\n') + Dir1;
+}
 
 void SelPath::SelectButton_Click() {
     m_backUp.Text2 = Dir1;

@@ -1,13 +1,13 @@
 #include "safety/backup_snapshot.h"
 
-#include "store/database.h"
-#include "store/dberrors.h"
-#include "store/sqliteconnection.h"
-
 #include <sqlite3.h>
 
 #include <QFile>
 #include <QFileInfo>
+
+#include "store/database.h"
+#include "store/dberrors.h"
+#include "store/sqliteconnection.h"
 
 namespace ostravel {
 
@@ -38,8 +38,7 @@ void copyPages(sqlite3* source, const QString& target) {
 }  // namespace
 
 DatabaseSnapshot::DatabaseSnapshot(Database& database, const QString& livePath)
-    : m_copy(QFileInfo(livePath).absolutePath() + QStringLiteral("/.ostravel_snapshot_XXXXXX.mdb")),
-      m_path(livePath) {
+    : m_copy(QFileInfo(livePath).absolutePath() + QStringLiteral("/.ostravel_snapshot_XXXXXX.mdb")), m_path(livePath) {
     if (!database.isOpen())
         return;
     if (!m_copy.open())

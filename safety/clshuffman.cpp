@@ -11,7 +11,9 @@ namespace ostravel {
 
 namespace {
 
-const std::uint8_t* bytesOf(const QByteArray& bytes) { return reinterpret_cast<const std::uint8_t*>(bytes.constData()); }
+const std::uint8_t* bytesOf(const QByteArray& bytes) {
+    return reinterpret_cast<const std::uint8_t*>(bytes.constData());
+}
 
 void checkByteCount(const QByteArray& bytes, qsizetype byteCount) {
     if (byteCount < 0 || byteCount > bytes.size())

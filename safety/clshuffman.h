@@ -2,11 +2,11 @@
 // HE3 format (or its stored variant HE0) and unpacks from it, wholly in memory.
 #pragma once
 
-#include "app/base/prompt.h"
-#include "safety/huffman_progress.h"
-
 #include <QByteArray>
 #include <QString>
+
+#include "app/base/prompt.h"
+#include "safety/huffman_progress.h"
 
 namespace ostravel {
 

@@ -28,12 +28,16 @@ constexpr std::int64_t kCodingStride = 10000;
 // The object error base: the number every error of the coder carries.
 constexpr int kObjectErrorBase = -2147221504;  // 0x80040000
 
-inline QString identificationErrorSource() { return QStringLiteral("HuffmanDecode()"); }
+inline QString identificationErrorSource() {
+    return QStringLiteral("HuffmanDecode()");
+}
 inline QString identificationErrorText() {
     return QStringLiteral(
         "The data either was not compressed with HE3 or is corrupt (identification string not found)");
 }
-inline QString checksumErrorSource() { return QStringLiteral("clsHuffman.Decode()"); }
+inline QString checksumErrorSource() {
+    return QStringLiteral("clsHuffman.Decode()");
+}
 inline QString checksumErrorText() {
     return QStringLiteral("The data might be corrupted (checksum did not match expected value)");
 }

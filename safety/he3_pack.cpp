@@ -1,13 +1,13 @@
 #include "safety/he3_pack.h"
 
-#include "safety/he3_format.h"
-#include "safety/huffman_codes.h"
-#include "safety/xor_checksum.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <vector>
+
+#include "safety/he3_format.h"
+#include "safety/huffman_codes.h"
+#include "safety/xor_checksum.h"
 
 namespace ostravel::he3 {
 
@@ -36,8 +36,7 @@ void countRange(const std::uint8_t* p, std::int64_t n, PartialCounts& t) {
         ++t[2][(w >> 48) & 255];
         ++t[3][w >> 56];
     }
-    for (; i < n; ++i)
-        ++t[0][p[i]];
+    for (; i < n; ++i) ++t[0][p[i]];
 }
 
 ByteCounts countBytes(const std::uint8_t* plain, std::int64_t length, ProgressGauge& progress) {
@@ -48,8 +47,7 @@ ByteCounts countBytes(const std::uint8_t* plain, std::int64_t length, ProgressGa
     }
     ByteCounts counts{};
     for (const auto& table : partial)
-        for (int value = 0; value < 256; ++value)
-            counts[value] += table[value];
+        for (int value = 0; value < 256; ++value) counts[value] += table[value];
     return counts;
 }
 
@@ -95,8 +93,7 @@ std::uint8_t* putCodes(const std::uint8_t* in, std::int64_t n, const CodeWords& 
     };
     std::int64_t i = 0;
     for (; i + kCodesPerStore <= n; i += kCodesPerStore) {
-        for (int k = 0; k < kCodesPerStore; ++k)
-            put(in[i + k]);
+        for (int k = 0; k < kCodesPerStore; ++k) put(in[i + k]);
         store();
     }
     for (; i < n; ++i) {
@@ -121,8 +118,7 @@ PutCodes putCodesFor(int longest) {
 }
 
 void putLittleEndian(std::uint8_t* out, std::uint32_t value, int size) {
-    for (int i = 0; i < size; ++i)
-        out[i] = static_cast<std::uint8_t>(value >> (8 * i));
+    for (int i = 0; i < size; ++i) out[i] = static_cast<std::uint8_t>(value >> (8 * i));
 }
 
 QByteArray stored(const std::uint8_t* plain, std::int64_t length) {

@@ -2,10 +2,10 @@
 // shrink them.
 #pragma once
 
-#include "safety/huffman_progress.h"
-
 #include <QByteArray>
 #include <cstdint>
+
+#include "safety/huffman_progress.h"
 
 namespace ostravel::he3 {
 

@@ -1,14 +1,14 @@
 #include "safety/he3_unpack.h"
 
-#include "app/base/vberror.h"
-#include "safety/code_tree.h"
-#include "safety/he3_format.h"
-#include "safety/xor_checksum.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <limits>
+
+#include "app/base/vberror.h"
+#include "safety/code_tree.h"
+#include "safety/he3_format.h"
+#include "safety/xor_checksum.h"
 
 namespace ostravel::he3 {
 
@@ -23,7 +23,9 @@ namespace {
 // Damage behind a good identification: a header cut short or out of range, bits that lead off
 // the tree, or data that ends before the plain length is reached. The plain data can't be
 // whole, so it fails as a wrong checksum would.
-[[noreturn]] void raiseDamaged() { raise(kObjectErrorBase, checksumErrorText(), checksumErrorSource()); }
+[[noreturn]] void raiseDamaged() {
+    raise(kObjectErrorBase, checksumErrorText(), checksumErrorSource());
+}
 
 double fraction(std::int64_t position, std::int64_t length) {
     return static_cast<double>(position) / static_cast<double>(length);
@@ -31,8 +33,7 @@ double fraction(std::int64_t position, std::int64_t length) {
 
 std::uint32_t readLittleEndian(const std::uint8_t* in, int size) {
     std::uint32_t value = 0;
-    for (int i = 0; i < size; ++i)
-        value |= static_cast<std::uint32_t>(in[i]) << (8 * i);
+    for (int i = 0; i < size; ++i) value |= static_cast<std::uint32_t>(in[i]) << (8 * i);
     return value;
 }
 
@@ -130,7 +131,8 @@ public:
 
     // The first bit position at which the next look is due.
     std::uint64_t dueAt() const {
-        return m_next < m_length ? static_cast<std::uint64_t>(m_next) * 8 + 1 : std::numeric_limits<std::uint64_t>::max();
+        return m_next < m_length ? static_cast<std::uint64_t>(m_next) * 8 + 1
+                                 : std::numeric_limits<std::uint64_t>::max();
     }
     // Every look due for bytes begun before `bit`.
     void reach(std::uint64_t bit) {
@@ -173,8 +175,7 @@ CodedHeader readHeader(const std::uint8_t* packed, std::int64_t length) {
     for (int i = 0; i < valueCount; ++i)
         header.codeLength[packed[kPairsOffset + 2 * i]] = packed[kPairsOffset + 2 * i + 1];
     std::int64_t codeBits = 0;
-    for (const int bits : header.codeLength)
-        codeBits += bits;
+    for (const int bits : header.codeLength) codeBits += bits;
     // The code stream's last byte is there only when it holds a bit.
     header.dataStart = header.codeStart + (codeBits + 7) / 8;
     // Every code takes a bit at least, so there can't be more plain bytes than coded bits.
@@ -203,8 +204,8 @@ CodeTree growTree(const std::uint8_t* packed, const CodedHeader& header) {
 void decodeData(const std::uint8_t* packed, std::int64_t length, const CodedHeader& header, const CodeTree& tree,
                 std::uint8_t* out, ProgressGauge& progress) {
     const LookupTable table(tree);
-    Cursor cursor{packed, static_cast<std::uint64_t>(length) * 8, static_cast<std::uint64_t>(header.dataStart) * 8,
-                  out, out + header.plainLength};
+    Cursor cursor{packed, static_cast<std::uint64_t>(length) * 8, static_cast<std::uint64_t>(header.dataStart) * 8, out,
+                  out + header.plainLength};
     DataProgress dataProgress(header.dataStart, length, progress);
     while (cursor.out < cursor.outEnd) {
         const std::uint64_t due = dataProgress.dueAt();
@@ -220,8 +221,7 @@ void decodeData(const std::uint8_t* packed, std::int64_t length, const CodedHead
 }  // namespace
 
 QByteArray unpack(const std::uint8_t* packed, std::int64_t length, ProgressGauge& progress) {
-    if (length < kIdentificationSize || packed[0] != kLetterH || packed[1] != kLetterE ||
-        packed[3] != kCarriageReturn)
+    if (length < kIdentificationSize || packed[0] != kLetterH || packed[1] != kLetterE || packed[3] != kCarriageReturn)
         raiseIdentification();
     if (packed[2] == kDigitStored)
         return QByteArray(reinterpret_cast<const char*>(packed) + kIdentificationSize, length - kIdentificationSize);

@@ -1,10 +1,10 @@
 // Unpacking the HE3 format and its stored variant HE0.
 #pragma once
 
-#include "safety/huffman_progress.h"
-
 #include <QByteArray>
 #include <cstdint>
+
+#include "safety/huffman_progress.h"
 
 namespace ostravel::he3 {
 

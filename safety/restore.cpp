@@ -1,13 +1,13 @@
 #include "safety/restore.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QScopedValueRollback>
+
 #include "app/base/trap.h"
 #include "app/program.h"
 #include "safety/backup_drives.h"
 #include "safety/restore_database.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QScopedValueRollback>
 
 namespace ostravel {
 
@@ -42,7 +42,9 @@ void Restore::Dir1_Change() {
     File1 = Dir1;
 }
 
-void Restore::File1_Click(const QString& FileName) { Label1 = QDir(File1).filePath(FileName); }
+void Restore::File1_Click(const QString& FileName) {
+    Label1 = QDir(File1).filePath(FileName);
+}
 
 void Restore::CMD_RESTORE_Click() {
     if (m_busy)
@@ -58,8 +60,8 @@ void Restore::CMD_RESTORE_Click() {
     if (changed)
         changed();
 
-    const bool done = trapped(m_program.reporter(), kRestorePlace,
-                              [&] { restoreDatabase(m_program.store(), Huffman, Label1); });
+    const bool done =
+        trapped(m_program.reporter(), kRestorePlace, [&] { restoreDatabase(m_program.store(), Huffman, Label1); });
     if (done) {
         // The frame's lists and the overview are filled again from the restored data.
         m_program.frame().MDIForm_Load();

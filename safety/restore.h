@@ -2,11 +2,11 @@
 // backup, which then replaces the live database, with the stage and progress shown.
 #pragma once
 
-#include "safety/clshuffman.h"
-
 #include <QString>
 #include <cstdint>
 #include <functional>
+
+#include "safety/clshuffman.h"
 
 namespace ostravel {
 

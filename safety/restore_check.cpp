@@ -1,12 +1,12 @@
 #include "safety/restore_check.h"
 
-#include "store/database.h"
-#include "store/schema.h"
-#include "store/sqliteconnection.h"
-
 #include <sqlite3.h>
 
 #include <QSet>
+
+#include "store/database.h"
+#include "store/schema.h"
+#include "store/sqliteconnection.h"
 
 namespace ostravel {
 
@@ -34,8 +34,8 @@ void checkRestoredDatabase(const QString& path) {
             throw DatabaseUnusable(path, QStringLiteral("the table '%1' is missing").arg(table.name));
         for (const ColumnSpec& column : table.columns) {
             if (!columns.contains(column.name.toLower()))
-                throw DatabaseUnusable(path, QStringLiteral("the table '%1' has no column '%2'")
-                                                 .arg(table.name, column.name));
+                throw DatabaseUnusable(
+                    path, QStringLiteral("the table '%1' has no column '%2'").arg(table.name, column.name));
         }
     }
 }

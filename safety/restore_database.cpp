@@ -1,5 +1,9 @@
 #include "safety/restore_database.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <optional>
+
 #include "app/base/apppath.h"
 #include "safety/clshuffman.h"
 #include "safety/he3_format.h"
@@ -9,11 +13,6 @@
 #include "store/durablefile.h"
 #include "store/filecheck.h"
 #include "store/store.h"
-
-#include <QFile>
-#include <QFileInfo>
-
-#include <optional>
 
 namespace ostravel {
 

@@ -1,14 +1,14 @@
 #include "safety/whole_file.h"
 
-#include "app/base/vberror.h"
-
-#include <QFile>
-#include <QFileInfo>
-
-#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+
+#include "app/base/vberror.h"
 
 namespace ostravel {
 
@@ -16,25 +16,25 @@ namespace {
 
 [[noreturn]] void raiseFromErrno(int error, bool reading, const QString& source) {
     switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        if (reading)
-            raise(err::FileNotFound, {}, source);
-        raise(err::PathNotFound, {}, source);
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        raise(err::PermissionDenied, {}, source);
-    case ENOSPC:
-    case EDQUOT:
-        raise(err::DiskFull, QStringLiteral("Disk full"), source);
-    case ENXIO:
-    case ENODEV:
-    case ENOMEDIUM:
-    case EIO:
-        raise(err::DiskNotReady, QStringLiteral("Disk not ready"), source);
-    default:
-        raise(err::PathFileAccess, {}, source);
+        case ENOENT:
+        case ENOTDIR:
+            if (reading)
+                raise(err::FileNotFound, {}, source);
+            raise(err::PathNotFound, {}, source);
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            raise(err::PermissionDenied, {}, source);
+        case ENOSPC:
+        case EDQUOT:
+            raise(err::DiskFull, QStringLiteral("Disk full"), source);
+        case ENXIO:
+        case ENODEV:
+        case ENOMEDIUM:
+        case EIO:
+            raise(err::DiskNotReady, QStringLiteral("Disk not ready"), source);
+        default:
+            raise(err::PathFileAccess, {}, source);
     }
 }
 
@@ -116,8 +116,8 @@ QByteArray readWholeFile(const QString& path, const QString& source) {
 
 void replaceFile(const QString& path, const QByteArray& data, const QString& source) {
     const QFileInfo target(path);
-    QByteArray temporary = QFile::encodeName(target.absolutePath() + QLatin1String("/.") + target.fileName() +
-                                             QLatin1String(".XXXXXX"));
+    QByteArray temporary =
+        QFile::encodeName(target.absolutePath() + QLatin1String("/.") + target.fileName() + QLatin1String(".XXXXXX"));
     Descriptor fd(::mkstemp(temporary.data()));
     if (fd.get() < 0)
         raiseFromErrno(errno, false, source);

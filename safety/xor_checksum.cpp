@@ -21,8 +21,7 @@ std::uint8_t xorOfBytes(const std::uint8_t* bytes, std::int64_t count) {
     folded ^= folded >> 16;
     folded ^= folded >> 8;
     std::uint8_t result = static_cast<std::uint8_t>(folded);
-    for (; i < count; ++i)
-        result ^= bytes[i];
+    for (; i < count; ++i) result ^= bytes[i];
     return result;
 }
 

@@ -1,17 +1,17 @@
 #include "store/compaction.h"
 
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+
 #include "app/base/vberror.h"
 #include "store/dberrors.h"
 #include "store/durablefile.h"
 #include "store/filecheck.h"
 #include "store/queryshape.h"
 #include "store/sqliteconnection.h"
-
-#include <sqlite3.h>
-
-#include <QFile>
-#include <QFileInfo>
-#include <QMap>
 
 namespace ostravel {
 
@@ -51,8 +51,8 @@ QString quotedText(const QString& text) {
 
 // VACUUM INTO a file that must not exist yet; the result is forced to the disk and checked
 // against the source: sound, and the same tables with the same numbers of rows.
-void compactInto(const QString& source, const QString& target, const TableCounts& expected,
-                 const CompactionHook& hook, CompactionPoint written) {
+void compactInto(const QString& source, const QString& target, const TableCounts& expected, const CompactionHook& hook,
+                 CompactionPoint written) {
     {
         SqliteConnection connection = openReadOnly(source);
         connection.run(QStringLiteral("VACUUM INTO ") + quotedText(target));
@@ -61,12 +61,11 @@ void compactInto(const QString& source, const QString& target, const TableCounts
         hook(written);
     syncFile(target);
     if (const std::optional<QString> problem = databaseFileProblem(target))
-        raise(dberr::CannotOpen, QStringLiteral("The compacted copy '") + target + QStringLiteral("' is unsound: ") +
-                                     *problem);
-    if (countRows(target) != expected)
         raise(dberr::CannotOpen,
-              QStringLiteral("The compacted copy '") + target + QStringLiteral("' doesn't hold the rows of '") + source +
-                  QStringLiteral("'."));
+              QStringLiteral("The compacted copy '") + target + QStringLiteral("' is unsound: ") + *problem);
+    if (countRows(target) != expected)
+        raise(dberr::CannotOpen, QStringLiteral("The compacted copy '") + target +
+                                     QStringLiteral("' doesn't hold the rows of '") + source + QStringLiteral("'."));
 }
 
 }  // namespace

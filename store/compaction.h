@@ -13,13 +13,13 @@ namespace ostravel {
 
 // The moments of the compaction, in order; a hook sees each before it happens.
 enum class CompactionPoint {
-    RemoveStaleCopy,   // before the copy an earlier run left is removed
-    CompactIntoCopy,   // before the live file is compacted into the copy
-    VerifyCopy,        // the copy is written, not yet synced and checked
-    WriteReplacement,  // before the copy is compacted into the live file's replacement
-    VerifyReplacement, // the replacement is written, not yet synced and checked
-    ReplaceLive,       // the replacement is checked, the live file not yet replaced
-    RemoveCopy,        // the live file is replaced; before the copy is removed
+    RemoveStaleCopy,    // before the copy an earlier run left is removed
+    CompactIntoCopy,    // before the live file is compacted into the copy
+    VerifyCopy,         // the copy is written, not yet synced and checked
+    WriteReplacement,   // before the copy is compacted into the live file's replacement
+    VerifyReplacement,  // the replacement is written, not yet synced and checked
+    ReplaceLive,        // the replacement is checked, the live file not yet replaced
+    RemoveCopy,         // the live file is replaced; before the copy is removed
 };
 
 using CompactionHook = std::function<void(CompactionPoint)>;

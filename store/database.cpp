@@ -1,5 +1,10 @@
 #include "store/database.h"
 
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QFileInfo>
+
 #include "store/dberrors.h"
 #include "store/durablefile.h"
 #include "store/filecheck.h"
@@ -8,11 +13,6 @@
 #include "store/schema.h"
 #include "store/sqliteconnection.h"
 
-#include <sqlite3.h>
-
-#include <QFile>
-#include <QFileInfo>
-
 namespace ostravel {
 
 namespace {
@@ -20,7 +20,6 @@ namespace {
 const QString kBuildingSuffix = QStringLiteral(".new");
 
 const QString kObjectInvalid = QStringLiteral("Object invalid or no longer set.");
-
 
 // Durable, consistent settings for every handle the program writes through.
 void configure(SqliteConnection& connection) {
@@ -36,7 +35,9 @@ DatabaseUnusable::DatabaseUnusable(QString path, QString reason)
       m_path(std::move(path)),
       m_reason(std::move(reason)) {}
 
-Database::~Database() { close(); }
+Database::~Database() {
+    close();
+}
 
 SqliteConnection& Database::live() const {
     if (!m_connection || !m_connection->isOpen())
@@ -44,9 +45,13 @@ SqliteConnection& Database::live() const {
     return *m_connection;
 }
 
-bool Database::isOpen() const { return m_connection && m_connection->isOpen(); }
+bool Database::isOpen() const {
+    return m_connection && m_connection->isOpen();
+}
 
-QString Database::path() const { return m_connection ? m_connection->path() : QString(); }
+QString Database::path() const {
+    return m_connection ? m_connection->path() : QString();
+}
 
 void Database::open(const QString& path) {
     close();
@@ -74,7 +79,8 @@ void Database::create(const QString& path) {
     removeFile(building);
     try {
         {
-            SqliteConnection connection(openSqliteHandle(building, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE), building);
+            SqliteConnection connection(openSqliteHandle(building, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE),
+                                        building);
             configure(connection);
             connection.run(QStringLiteral("BEGIN"));
             createSchema(connection);

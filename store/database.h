@@ -3,13 +3,12 @@
 // database, or is damaged, is refused and never written to.
 #pragma once
 
-#include "app/base/vberror.h"
-#include "store/recordset.h"
-
 #include <QString>
 #include <QStringList>
-
 #include <memory>
+
+#include "app/base/vberror.h"
+#include "store/recordset.h"
 
 namespace ostravel {
 

@@ -1,16 +1,16 @@
 #include "store/durablefile.h"
 
-#include "app/base/vberror.h"
-#include "store/dberrors.h"
+#include <fcntl.h>
+#include <unistd.h>
 
 #include <QFile>
 #include <QFileInfo>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
+
+#include "app/base/vberror.h"
+#include "store/dberrors.h"
 
 namespace ostravel {
 
@@ -36,13 +36,19 @@ void syncPath(const QString& path, int flags) {
     }
 }
 
-QString folderOf(const QString& path) { return QFileInfo(path).absolutePath(); }
+QString folderOf(const QString& path) {
+    return QFileInfo(path).absolutePath();
+}
 
 }  // namespace
 
-void syncFile(const QString& path) { syncPath(path, O_RDONLY); }
+void syncFile(const QString& path) {
+    syncPath(path, O_RDONLY);
+}
 
-void syncFolder(const QString& folder) { syncPath(folder, O_RDONLY | O_DIRECTORY); }
+void syncFolder(const QString& folder) {
+    syncPath(folder, O_RDONLY | O_DIRECTORY);
+}
 
 bool renameNoReplace(const QString& from, const QString& to) {
     const QByteArray source = QFile::encodeName(from);

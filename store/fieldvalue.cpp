@@ -1,11 +1,11 @@
 #include "store/fieldvalue.h"
 
-#include "app/base/vbdate.h"
-#include "app/base/vberror.h"
-
 #include <sqlite3.h>
 
 #include <QRegularExpression>
+
+#include "app/base/vbdate.h"
+#include "app/base/vberror.h"
 
 namespace ostravel {
 
@@ -18,7 +18,9 @@ QString columnText(sqlite3_stmt* statement, int column) {
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
 }
 
-[[noreturn]] void conversionError() { raise(err::DataTypeConversion); }
+[[noreturn]] void conversionError() {
+    raise(err::DataTypeConversion);
+}
 
 Variant numberFrom(const Variant& value) {
     if (value.kind() == Variant::Kind::String && !value.isNumeric())
@@ -76,32 +78,32 @@ Variant readField(sqlite3_stmt* statement, int column, FieldKind kind) {
     if (stored == SQLITE_NULL)
         return Variant::null();
     switch (kind) {
-    case FieldKind::Date:
-        if (stored == SQLITE_TEXT) {
-            const QString text = columnText(statement, column);
-            if (const std::optional<double> serial = parseIsoDate(text))
-                return Variant::date(*serial);
-            if (const std::optional<double> serial = parseDate(text))
-                return Variant::date(*serial);
-            return Variant(text);
-        }
-        return Variant::date(sqlite3_column_double(statement, column));
-    case FieldKind::Text:
-        return Variant(columnText(statement, column));
-    case FieldKind::Integer:
-    case FieldKind::Real:
-    case FieldKind::Untyped:
-        break;
+        case FieldKind::Date:
+            if (stored == SQLITE_TEXT) {
+                const QString text = columnText(statement, column);
+                if (const std::optional<double> serial = parseIsoDate(text))
+                    return Variant::date(*serial);
+                if (const std::optional<double> serial = parseDate(text))
+                    return Variant::date(*serial);
+                return Variant(text);
+            }
+            return Variant::date(sqlite3_column_double(statement, column));
+        case FieldKind::Text:
+            return Variant(columnText(statement, column));
+        case FieldKind::Integer:
+        case FieldKind::Real:
+        case FieldKind::Untyped:
+            break;
     }
     switch (stored) {
-    case SQLITE_INTEGER:
-        if (kind == FieldKind::Real)
+        case SQLITE_INTEGER:
+            if (kind == FieldKind::Real)
+                return Variant(sqlite3_column_double(statement, column));
+            return Variant(static_cast<std::int64_t>(sqlite3_column_int64(statement, column)));
+        case SQLITE_FLOAT:
             return Variant(sqlite3_column_double(statement, column));
-        return Variant(static_cast<std::int64_t>(sqlite3_column_int64(statement, column)));
-    case SQLITE_FLOAT:
-        return Variant(sqlite3_column_double(statement, column));
-    default:
-        return Variant(columnText(statement, column));
+        default:
+            return Variant(columnText(statement, column));
     }
 }
 
@@ -109,49 +111,49 @@ Variant toFieldValue(const Variant& value, FieldKind kind) {
     if (value.isNull() || value.isEmpty())
         return Variant::null();
     switch (kind) {
-    case FieldKind::Integer:
-        return Variant(numberFrom(value).toLong());
-    case FieldKind::Real:
-        return numberFrom(value);
-    case FieldKind::Date:
-        if (value.kind() == Variant::Kind::String) {
-            const std::optional<double> serial = parseDate(value.toString());
-            if (!serial)
-                conversionError();
-            return Variant::date(*serial);
-        }
-        return Variant::date(value.toDouble());
-    case FieldKind::Text:
-        return Variant(value.toString());
-    case FieldKind::Untyped:
-        break;
+        case FieldKind::Integer:
+            return Variant(numberFrom(value).toLong());
+        case FieldKind::Real:
+            return numberFrom(value);
+        case FieldKind::Date:
+            if (value.kind() == Variant::Kind::String) {
+                const std::optional<double> serial = parseDate(value.toString());
+                if (!serial)
+                    conversionError();
+                return Variant::date(*serial);
+            }
+            return Variant::date(value.toDouble());
+        case FieldKind::Text:
+            return Variant(value.toString());
+        case FieldKind::Untyped:
+            break;
     }
     return value;
 }
 
 void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
     switch (value.kind()) {
-    case Variant::Kind::Empty:
-    case Variant::Kind::Null:
-        sqlite3_bind_null(statement, index);
-        return;
-    case Variant::Kind::Boolean:
-    case Variant::Kind::Long:
-        sqlite3_bind_int64(statement, index, value.toLong());
-        return;
-    case Variant::Kind::Double:
-        sqlite3_bind_double(statement, index, value.toDouble());
-        return;
-    case Variant::Kind::String: {
-        const QByteArray text = value.toString().toUtf8();
-        sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-        return;
-    }
-    case Variant::Kind::Date: {
-        const QByteArray text = isoDateText(value.toDouble()).toUtf8();
-        sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-        return;
-    }
+        case Variant::Kind::Empty:
+        case Variant::Kind::Null:
+            sqlite3_bind_null(statement, index);
+            return;
+        case Variant::Kind::Boolean:
+        case Variant::Kind::Long:
+            sqlite3_bind_int64(statement, index, value.toLong());
+            return;
+        case Variant::Kind::Double:
+            sqlite3_bind_double(statement, index, value.toDouble());
+            return;
+        case Variant::Kind::String: {
+            const QByteArray text = value.toString().toUtf8();
+            sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+            return;
+        }
+        case Variant::Kind::Date: {
+            const QByteArray text = isoDateText(value.toDouble()).toUtf8();
+            sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+            return;
+        }
     }
 }
 

@@ -3,10 +3,10 @@
 // by the column's declared type the way the store converts text typed into a box.
 #pragma once
 
-#include "app/base/variant.h"
-
 #include <QString>
 #include <optional>
+
+#include "app/base/variant.h"
 
 struct sqlite3_stmt;
 

@@ -14,8 +14,7 @@ const QByteArray kMagic("SQLite format 3\0", 16);
 
 quint32 bigEndian(const QByteArray& bytes, int offset, int length) {
     quint32 value = 0;
-    for (int i = 0; i < length; ++i)
-        value = (value << 8) | static_cast<quint8>(bytes.at(offset + i));
+    for (int i = 0; i < length; ++i) value = (value << 8) | static_cast<quint8>(bytes.at(offset + i));
     return value;
 }
 

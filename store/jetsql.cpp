@@ -1,15 +1,17 @@
 #include "store/jetsql.h"
 
+#include <QRegularExpression>
+
 #include "app/base/vbdate.h"
 #include "store/fieldvalue.h"
-
-#include <QRegularExpression>
 
 namespace ostravel {
 
 namespace {
 
-bool isWordChar(QChar c) { return c.isLetterOrNumber() || c == QLatin1Char('_'); }
+bool isWordChar(QChar c) {
+    return c.isLetterOrNumber() || c == QLatin1Char('_');
+}
 
 QString quoted(const QString& text) {
     QString result = text;
@@ -120,8 +122,7 @@ QString jetToSqlite(const QString& sql) {
             afterLike = false;
         } else if (isWordChar(c)) {
             qsizetype end = i;
-            while (end < sql.size() && isWordChar(sql.at(end)))
-                ++end;
+            while (end < sql.size() && isWordChar(sql.at(end))) ++end;
             const QString word = sql.mid(i, end - i);
             const QString lower = word.toLower();
             if (lower == QLatin1String("true"))
@@ -133,8 +134,7 @@ QString jetToSqlite(const QString& sql) {
             i = end;
             if (lower == QLatin1String("delete")) {
                 qsizetype next = i;
-                while (next < sql.size() && sql.at(next).isSpace())
-                    ++next;
+                while (next < sql.size() && sql.at(next).isSpace()) ++next;
                 if (next < sql.size() && sql.at(next) == QLatin1Char('*')) {
                     i = next + 1;
                     if (i < sql.size() && !sql.at(i).isSpace())

@@ -14,7 +14,9 @@ struct Token {
     QString word;  // lower case, for words
 };
 
-bool isWordChar(QChar c) { return c.isLetterOrNumber() || c == QLatin1Char('_'); }
+bool isWordChar(QChar c) {
+    return c.isLetterOrNumber() || c == QLatin1Char('_');
+}
 
 qsizetype closingOf(const QString& sql, qsizetype start, QChar close) {
     for (qsizetype i = start + 1; i < sql.size(); ++i) {
@@ -38,8 +40,7 @@ std::vector<Token> tokenize(const QString& sql) {
             ++i;
         } else if (isWordChar(c)) {
             qsizetype end = i;
-            while (end < sql.size() && isWordChar(sql.at(end)))
-                ++end;
+            while (end < sql.size() && isWordChar(sql.at(end))) ++end;
             tokens.push_back({Token::Type::Word, i, end, sql.mid(i, end - i).toLower()});
             i = end;
         } else if (c == QLatin1Char('\'')) {
@@ -64,33 +65,32 @@ std::vector<Token> tokenize(const QString& sql) {
 }
 
 QString unquoted(const QString& name) {
-    if (name.size() >= 2 && (name.front() == QLatin1Char('[') || name.front() == QLatin1Char('"') ||
-                             name.front() == QLatin1Char('`')))
+    if (name.size() >= 2 &&
+        (name.front() == QLatin1Char('[') || name.front() == QLatin1Char('"') || name.front() == QLatin1Char('`')))
         return name.mid(1, name.size() - 2);
     return name;
 }
 
 bool isClauseWord(const QString& word) {
     static const QSet<QString> words = {
-        QStringLiteral("where"), QStringLiteral("order"),   QStringLiteral("group"),     QStringLiteral("having"),
-        QStringLiteral("limit"), QStringLiteral("join"),    QStringLiteral("inner"),     QStringLiteral("left"),
-        QStringLiteral("right"), QStringLiteral("full"),    QStringLiteral("cross"),     QStringLiteral("natural"),
-        QStringLiteral("outer"), QStringLiteral("union"),   QStringLiteral("intersect"), QStringLiteral("except"),
-        QStringLiteral("window"), QStringLiteral("on"),     QStringLiteral("using")};
+        QStringLiteral("where"),  QStringLiteral("order"), QStringLiteral("group"),     QStringLiteral("having"),
+        QStringLiteral("limit"),  QStringLiteral("join"),  QStringLiteral("inner"),     QStringLiteral("left"),
+        QStringLiteral("right"),  QStringLiteral("full"),  QStringLiteral("cross"),     QStringLiteral("natural"),
+        QStringLiteral("outer"),  QStringLiteral("union"), QStringLiteral("intersect"), QStringLiteral("except"),
+        QStringLiteral("window"), QStringLiteral("on"),    QStringLiteral("using")};
     return words.contains(word);
 }
 
 bool makesReadOnly(const QString& word) {
-    static const QSet<QString> words = {
-        QStringLiteral("join"),  QStringLiteral("group"),     QStringLiteral("having"), QStringLiteral("union"),
-        QStringLiteral("intersect"), QStringLiteral("except"), QStringLiteral("window")};
+    static const QSet<QString> words = {QStringLiteral("join"),  QStringLiteral("group"),     QStringLiteral("having"),
+                                        QStringLiteral("union"), QStringLiteral("intersect"), QStringLiteral("except"),
+                                        QStringLiteral("window")};
     return words.contains(word);
 }
 
 bool isAggregate(const QString& word) {
-    static const QSet<QString> words = {QStringLiteral("sum"),   QStringLiteral("avg"),
-                                        QStringLiteral("count"), QStringLiteral("min"),
-                                        QStringLiteral("max"),   QStringLiteral("total"),
+    static const QSet<QString> words = {QStringLiteral("sum"),         QStringLiteral("avg"), QStringLiteral("count"),
+                                        QStringLiteral("min"),         QStringLiteral("max"), QStringLiteral("total"),
                                         QStringLiteral("group_concat")};
     return words.contains(word);
 }
@@ -113,8 +113,7 @@ QueryShape analyseSource(const QString& tableNameOrSql) {
     const std::vector<Token> tokens = tokenize(sql);
     if (tokens.empty() || tokens.front().word != QLatin1String("select")) {
         QString name = sql;
-        while (name.endsWith(QLatin1Char(';')))
-            name.chop(1);
+        while (name.endsWith(QLatin1Char(';'))) name.chop(1);
         shape.isTable = true;
         shape.updatable = true;
         shape.table = unquoted(name.trimmed());
@@ -136,8 +135,8 @@ QueryShape analyseSource(const QString& tableNameOrSql) {
             --depth;
         else if (depth == 0 && token.word == QLatin1String("from"))
             from = k;
-        else if (token.word == QLatin1String("distinct") || (isAggregate(token.word) && k + 1 < tokens.size() &&
-                                                             tokens[k + 1].type == Token::Type::Open))
+        else if (token.word == QLatin1String("distinct") ||
+                 (isAggregate(token.word) && k + 1 < tokens.size() && tokens[k + 1].type == Token::Type::Open))
             return shape;
     }
     if (from < 2 || from + 1 >= tokens.size() || !isNameToken(tokens[from + 1]))

@@ -1,16 +1,16 @@
 #include "store/recordset.h"
 
-#include "app/base/vberror.h"
-#include "store/dberrors.h"
-#include "store/jetsql.h"
-#include "store/queryshape.h"
-
 #include <sqlite3.h>
 
 #include <QSet>
 #include <algorithm>
 #include <limits>
 #include <utility>
+
+#include "app/base/vberror.h"
+#include "store/dberrors.h"
+#include "store/jetsql.h"
+#include "store/queryshape.h"
 
 namespace ostravel {
 
@@ -58,8 +58,7 @@ Recordset::Recordset(std::shared_ptr<SqliteConnection> connection, const QString
 std::vector<std::int64_t> Recordset::readRowids() const {
     std::vector<std::int64_t> rowids;
     Statement rows = m_connection->prepare(m_rowidSql);
-    while (rows.step())
-        rowids.push_back(sqlite3_column_int64(rows.get(), 0));
+    while (rows.step()) rowids.push_back(sqlite3_column_int64(rows.get(), 0));
     return rowids;
 }
 
@@ -72,9 +71,8 @@ void Recordset::followTable() const {
     const long before = count();
     const bool pastEnd = !m_currentDeleted && m_position >= before;
     // The row under the cursor, or after a delete the row that followed it.
-    const std::int64_t anchor = m_position >= 0 && m_position < before
-                                    ? m_rowids[static_cast<std::size_t>(m_position)]
-                                    : std::numeric_limits<std::int64_t>::max();
+    const std::int64_t anchor = m_position >= 0 && m_position < before ? m_rowids[static_cast<std::size_t>(m_position)]
+                                                                       : std::numeric_limits<std::int64_t>::max();
     m_rowids = readRowids();
     m_rowsStamp = stamp;
     m_currentPosition = -2;
@@ -123,8 +121,7 @@ void Recordset::readColumns(sqlite3_stmt* statement) {
         m_columns.push_back(std::move(column));
     }
     // The first of two columns of one name is the one that the name reaches.
-    for (int i = columns - 1; i >= 0; --i)
-        m_positions.insert(m_columns[static_cast<std::size_t>(i)].name.toLower(), i);
+    for (int i = columns - 1; i >= 0; --i) m_positions.insert(m_columns[static_cast<std::size_t>(i)].name.toLower(), i);
 }
 
 void Recordset::requireOpen() const {
@@ -349,8 +346,7 @@ std::vector<Assignment> assignments(const std::vector<QString>& origins, const s
 
 void Recordset::writeEdit() {
     std::vector<QString> origins;
-    for (const Column& column : m_columns)
-        origins.push_back(column.origin);
+    for (const Column& column : m_columns) origins.push_back(column.origin);
     const std::vector<Assignment> changes = assignments(origins, m_buffer, m_dirty);
     if (changes.empty())
         return;
@@ -360,8 +356,7 @@ void Recordset::writeEdit() {
     sql += QStringLiteral(" where rowid=?");
     Statement statement = m_connection->prepare(sql);
     int index = 1;
-    for (const Assignment& change : changes)
-        bindField(statement.get(), index++, change.value);
+    for (const Assignment& change : changes) bindField(statement.get(), index++, change.value);
     sqlite3_bind_int64(statement.get(), index, m_rowids[static_cast<std::size_t>(m_position)]);
     statement.step();
     m_connection->noteWrite();
@@ -371,8 +366,7 @@ void Recordset::writeEdit() {
 
 void Recordset::writeNew() {
     std::vector<QString> origins;
-    for (const Column& column : m_columns)
-        origins.push_back(column.origin);
+    for (const Column& column : m_columns) origins.push_back(column.origin);
     const std::vector<Assignment> values = assignments(origins, m_buffer, m_dirty);
     QString sql = QStringLiteral("insert into ") + quotedName(m_table);
     if (values.empty()) {
@@ -388,8 +382,7 @@ void Recordset::writeNew() {
     }
     Statement statement = m_connection->prepare(sql);
     int index = 1;
-    for (const Assignment& value : values)
-        bindField(statement.get(), index++, value.value);
+    for (const Assignment& value : values) bindField(statement.get(), index++, value.value);
     statement.step();
     m_connection->noteWrite();
     // The row that was current stays current; past the end stays past the end.
@@ -418,14 +411,12 @@ std::vector<bool> Recordset::matchingRows(const QString& criteria) const {
     const QString condition = jetToSqlite(criteria);
     std::vector<bool> matches(static_cast<std::size_t>(count()), false);
     if (m_updatable) {
-        Statement statement = m_connection->prepare(QStringLiteral("select ") + m_qualifier +
-                                                    QStringLiteral(".rowid from ") + m_source +
-                                                    QStringLiteral(" where (") + condition + QLatin1Char(')'));
+        Statement statement =
+            m_connection->prepare(QStringLiteral("select ") + m_qualifier + QStringLiteral(".rowid from ") + m_source +
+                                  QStringLiteral(" where (") + condition + QLatin1Char(')'));
         QSet<std::int64_t> found;
-        while (statement.step())
-            found.insert(sqlite3_column_int64(statement.get(), 0));
-        for (std::size_t i = 0; i < m_rowids.size(); ++i)
-            matches[i] = found.contains(m_rowids[i]);
+        while (statement.step()) found.insert(sqlite3_column_int64(statement.get(), 0));
+        for (std::size_t i = 0; i < m_rowids.size(); ++i) matches[i] = found.contains(m_rowids[i]);
         return matches;
     }
     // A computed row has no table to ask: each row's values are put to the condition in turn.
@@ -461,7 +452,9 @@ void Recordset::find(const QString& criteria, long start) {
     m_noMatch = true;
 }
 
-void Recordset::findFirst(const QString& criteria) { find(criteria, 0); }
+void Recordset::findFirst(const QString& criteria) {
+    find(criteria, 0);
+}
 
 void Recordset::findNext(const QString& criteria) {
     find(criteria, m_currentDeleted ? m_position : m_position + 1);

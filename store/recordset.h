@@ -7,16 +7,15 @@
 // changes made through other recordsets and statements.
 #pragma once
 
-#include "app/base/variant.h"
-#include "store/fieldvalue.h"
-#include "store/sqliteconnection.h"
-
 #include <QHash>
 #include <QString>
-
 #include <cstdint>
 #include <memory>
 #include <vector>
+
+#include "app/base/variant.h"
+#include "store/fieldvalue.h"
+#include "store/sqliteconnection.h"
 
 namespace ostravel {
 
@@ -87,11 +86,11 @@ private:
     QHash<QString, int> m_positions;  // lower-case name -> first column of that name
     bool m_updatable = false;
     bool m_isTable = false;
-    QString m_table;      // written to by update, addNew and deleteCurrent
-    QString m_source;     // the table as the statement names it, with its alias
-    QString m_qualifier;  // what qualifies rowid in m_source
-    QString m_rowSql;     // reads one row by its rowid
-    QString m_rowidSql;   // lists the rows
+    QString m_table;                               // written to by update, addNew and deleteCurrent
+    QString m_source;                              // the table as the statement names it, with its alias
+    QString m_qualifier;                           // what qualifies rowid in m_source
+    QString m_rowSql;                              // reads one row by its rowid
+    QString m_rowidSql;                            // lists the rows
     std::vector<std::vector<Variant>> m_snapshot;  // a read-only recordset's rows
 
     // Mutable because even a read of a table recordset first catches up with its table.

@@ -1,14 +1,14 @@
 #include "store/schema.h"
 
-#include "app/base/vberror.h"
-#include "store/fieldvalue.h"
-#include "store/sqliteconnection.h"
-
 #include <sqlite3.h>
 
 #include <QFile>
 #include <QStringList>
 #include <QTextStream>
+
+#include "app/base/vberror.h"
+#include "store/fieldvalue.h"
+#include "store/sqliteconnection.h"
 
 namespace ostravel {
 
@@ -18,7 +18,9 @@ namespace {
 const QString kSymbolList = QStringLiteral(":/store/nse-equity-list.csv");
 const QString kQuoteSuffix = QStringLiteral(".NS");
 
-ColumnSpec autoNumber(const char* name) { return {QString::fromLatin1(name), ColumnType::AutoNumber, {}, {}}; }
+ColumnSpec autoNumber(const char* name) {
+    return {QString::fromLatin1(name), ColumnType::AutoNumber, {}, {}};
+}
 ColumnSpec integer(const char* name, const char* defaultValue = "") {
     return {QString::fromLatin1(name), ColumnType::Integer, QString::fromLatin1(defaultValue), {}};
 }
@@ -28,7 +30,9 @@ ColumnSpec real(const char* name, const char* defaultValue = "") {
 ColumnSpec text(const char* name, const char* defaultValue = "") {
     return {QString::fromLatin1(name), ColumnType::Text, QString::fromLatin1(defaultValue), {}};
 }
-ColumnSpec date(const char* name) { return {QString::fromLatin1(name), ColumnType::Date, {}, {}}; }
+ColumnSpec date(const char* name) {
+    return {QString::fromLatin1(name), ColumnType::Date, {}, {}};
+}
 ColumnSpec key(const char* name, const char* parent) {
     return {QString::fromLatin1(name), ColumnType::Integer, {}, QString::fromLatin1(parent)};
 }
@@ -40,13 +44,30 @@ ColumnSpec spare(int position) {
 std::vector<TableSpec> buildTables() {
     std::vector<TableSpec> tables;
     tables.push_back({QStringLiteral("users"),
-                      {autoNumber("pkUserID"), real("BeginningCash", "0"), integer("QuoteDL", "0"),
-                       text("LastName", "'Enter your surname'"), text("FirstName", "'Enter your name'"),
-                       real("MinTradeSell", "1000"), real("MinTradeBuy", "1000"), real("MinTradeBuySh", "1"),
-                       real("MinTradeSellSh", "1"), real("BuyFee", "0.85"), real("SellFee", "0.85"),
-                       real("ResistBuy", "10"), real("ResistSell", "10"), real("SpareSetting"), text("eMail"),
-                       integer("HistoryDL", "0"), real("SecondsForQuote", "30"), integer("QUICK", "1"), spare(18), spare(19),
-                       spare(20), spare(21), spare(22), real("BeginningShares", "500")},
+                      {autoNumber("pkUserID"),
+                       real("BeginningCash", "0"),
+                       integer("QuoteDL", "0"),
+                       text("LastName", "'Enter your surname'"),
+                       text("FirstName", "'Enter your name'"),
+                       real("MinTradeSell", "1000"),
+                       real("MinTradeBuy", "1000"),
+                       real("MinTradeBuySh", "1"),
+                       real("MinTradeSellSh", "1"),
+                       real("BuyFee", "0.85"),
+                       real("SellFee", "0.85"),
+                       real("ResistBuy", "10"),
+                       real("ResistSell", "10"),
+                       real("SpareSetting"),
+                       text("eMail"),
+                       integer("HistoryDL", "0"),
+                       real("SecondsForQuote", "30"),
+                       integer("QUICK", "1"),
+                       spare(18),
+                       spare(19),
+                       spare(20),
+                       spare(21),
+                       spare(22),
+                       real("BeginningShares", "500")},
                       {},
                       {}});
     tables.push_back({QStringLiteral("portfolio"),
@@ -81,13 +102,13 @@ std::vector<TableSpec> buildTables() {
                        real("volume", "0")},
                       {},
                       {QStringLiteral("fkPortfolioID"), QStringLiteral("EquitySymbol, portname")}});
-    tables.push_back({QStringLiteral("trades"),
-                      {autoNumber("pktradeid"), integer("fkequityid"), text("EquitySymbol"),
-                       date("TradeDate"), real("Tradedshares"), real("PricePerShare"), real("Commission"),
-                       text("Buyselltype"), real("TradeQuotePrice"), spare(9), spare(10), spare(11), spare(12),
-                       spare(13), spare(14), text("portname")},
-                      {},
-                      {QStringLiteral("fkequityid"), QStringLiteral("EquitySymbol, portname")}});
+    tables.push_back(
+        {QStringLiteral("trades"),
+         {autoNumber("pktradeid"), integer("fkequityid"), text("EquitySymbol"), date("TradeDate"), real("Tradedshares"),
+          real("PricePerShare"), real("Commission"), text("Buyselltype"), real("TradeQuotePrice"), spare(9), spare(10),
+          spare(11), spare(12), spare(13), spare(14), text("portname")},
+         {},
+         {QStringLiteral("fkequityid"), QStringLiteral("EquitySymbol, portname")}});
     tables.push_back({QStringLiteral("qoutense"),
                       {text("ticker"), text("name"), text("yahoonse"), text("symbol")},
                       {},
@@ -101,11 +122,11 @@ std::vector<TableSpec> buildTables() {
                        text("EquitySymbol")},
                       {},
                       {QStringLiteral("date")}});
-    tables.push_back({QStringLiteral("simtrades"),
-                      {date("date"), real("price"), real("shareqty"), real("buysell"), spare(4), spare(5),
-                       text("EquitySymbol")},
-                      {},
-                      {}});
+    tables.push_back(
+        {QStringLiteral("simtrades"),
+         {date("date"), real("price"), real("shareqty"), real("buysell"), spare(4), spare(5), text("EquitySymbol")},
+         {},
+         {}});
     tables.push_back({QStringLiteral("compare"),
                       {date("date"), real("BuyHoldValue"), real("ControlValue"), text("EquitySymbol")},
                       {},
@@ -116,24 +137,35 @@ std::vector<TableSpec> buildTables() {
                       {},
                       {}});
     tables.push_back({QStringLiteral("transaction"),
-                      {autoNumber("pkTransactionID"), integer("fkBankID"), date("TransactionDate"),
-                       real("Amount"), text("Description")},
+                      {autoNumber("pkTransactionID"), integer("fkBankID"), date("TransactionDate"), real("Amount"),
+                       text("Description")},
                       {},
                       {}});
     return tables;
 }
 
-QString quoted(const QString& name) { return QLatin1Char('"') + name + QLatin1Char('"'); }
+QString quoted(const QString& name) {
+    return QLatin1Char('"') + name + QLatin1Char('"');
+}
 
 QString columnSql(const ColumnSpec& column) {
     QString sql = quoted(column.name);
     switch (column.type) {
-    case ColumnType::AutoNumber: return sql + QStringLiteral(" INTEGER PRIMARY KEY AUTOINCREMENT");
-    case ColumnType::Integer: sql += QStringLiteral(" INTEGER"); break;
-    case ColumnType::Real: sql += QStringLiteral(" REAL"); break;
-    // The engine compares texts without regard to case, in lookups as in unique names.
-    case ColumnType::Text: sql += QStringLiteral(" TEXT COLLATE NOCASE"); break;
-    case ColumnType::Date: sql += QStringLiteral(" DATE"); break;
+        case ColumnType::AutoNumber:
+            return sql + QStringLiteral(" INTEGER PRIMARY KEY AUTOINCREMENT");
+        case ColumnType::Integer:
+            sql += QStringLiteral(" INTEGER");
+            break;
+        case ColumnType::Real:
+            sql += QStringLiteral(" REAL");
+            break;
+        // The engine compares texts without regard to case, in lookups as in unique names.
+        case ColumnType::Text:
+            sql += QStringLiteral(" TEXT COLLATE NOCASE");
+            break;
+        case ColumnType::Date:
+            sql += QStringLiteral(" DATE");
+            break;
     }
     if (!column.defaultValue.isEmpty())
         sql += QStringLiteral(" DEFAULT ") + column.defaultValue;
@@ -173,12 +205,11 @@ const std::vector<TableSpec>& schemaTables() {
 
 QString createTableSql(const TableSpec& table) {
     QStringList parts;
-    for (const ColumnSpec& column : table.columns)
-        parts << columnSql(column);
+    for (const ColumnSpec& column : table.columns) parts << columnSql(column);
     if (!table.constraints.isEmpty())
         parts << table.constraints;
-    return QStringLiteral("CREATE TABLE ") + quoted(table.name) + QStringLiteral(" (") + parts.join(QStringLiteral(", ")) +
-           QLatin1Char(')');
+    return QStringLiteral("CREATE TABLE ") + quoted(table.name) + QStringLiteral(" (") +
+           parts.join(QStringLiteral(", ")) + QLatin1Char(')');
 }
 
 void createSchema(SqliteConnection& connection) {
@@ -189,8 +220,7 @@ void createSchema(SqliteConnection& connection) {
             name.remove(QLatin1Char(' '));
             name.replace(QLatin1Char(','), QLatin1Char('_'));
             QStringList quotedColumns;
-            for (const QString& column : columns.split(QLatin1Char(',')))
-                quotedColumns << quoted(column.trimmed());
+            for (const QString& column : columns.split(QLatin1Char(','))) quotedColumns << quoted(column.trimmed());
             connection.run(QStringLiteral("CREATE INDEX ") + quoted(table.name + QStringLiteral("_by_") + name) +
                            QStringLiteral(" ON ") + quoted(table.name) + QStringLiteral(" (") +
                            quotedColumns.join(QStringLiteral(", ")) + QLatin1Char(')'));
@@ -199,11 +229,12 @@ void createSchema(SqliteConnection& connection) {
     // A deleted portfolio takes its holdings along (by key), and their trades and prices with
     // them. A holding deleted on its own leaves its trades: the trade screen's Close removes a
     // symbol's holdings in every portfolio, and the ledger of the others must survive that.
-    connection.run(QStringLiteral(
-        "CREATE TRIGGER portfolio_takes_its_ledger BEFORE DELETE ON portfolio BEGIN "
-        "DELETE FROM trades WHERE fkequityid IN (SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); "
-        "DELETE FROM currentprice WHERE fkequityid IN "
-        "(SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); END"));
+    connection.run(
+        QStringLiteral("CREATE TRIGGER portfolio_takes_its_ledger BEFORE DELETE ON portfolio BEGIN "
+                       "DELETE FROM trades WHERE fkequityid IN (SELECT pkEquityID FROM equity WHERE fkPortfolioID = "
+                       "OLD.pkPortfolioID); "
+                       "DELETE FROM currentprice WHERE fkequityid IN "
+                       "(SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); END"));
     connection.run(QStringLiteral("INSERT INTO users DEFAULT VALUES"));
     fillSymbolList(connection);
 }

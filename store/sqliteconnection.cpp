@@ -1,13 +1,12 @@
 #include "store/sqliteconnection.h"
 
-#include "app/base/vberror.h"
-#include "store/dberrors.h"
-
 #include <sqlite3.h>
 
 #include <QFile>
-
 #include <utility>
+
+#include "app/base/vberror.h"
+#include "store/dberrors.h"
 
 namespace ostravel {
 
@@ -37,44 +36,46 @@ void raiseSqliteError(sqlite3* handle, int code, const QString& sql) {
     const QString path = handle != nullptr ? QString::fromUtf8(sqlite3_db_filename(handle, "main")) : QString();
 
     switch (extended) {
-    case SQLITE_CONSTRAINT_UNIQUE:
-    case SQLITE_CONSTRAINT_PRIMARYKEY:
-        raise(dberr::DuplicateKey,
-              QStringLiteral("The changes you requested to the table were not successful because they would "
-                             "create duplicate values in the index, primary key, or relationship."));
-    case SQLITE_CONSTRAINT_FOREIGNKEY:
-        raise(dberr::RelatedRecordRequired,
-              QStringLiteral("You cannot add or change a record because a related record is required."));
-    case SQLITE_CONSTRAINT_NOTNULL:
-        raise(dberr::NullNotAllowed, QStringLiteral("The field cannot contain a Null value. (") + message +
-                                         QLatin1Char(')'));
-    default:
-        break;
+        case SQLITE_CONSTRAINT_UNIQUE:
+        case SQLITE_CONSTRAINT_PRIMARYKEY:
+            raise(dberr::DuplicateKey,
+                  QStringLiteral("The changes you requested to the table were not successful because they would "
+                                 "create duplicate values in the index, primary key, or relationship."));
+        case SQLITE_CONSTRAINT_FOREIGNKEY:
+            raise(dberr::RelatedRecordRequired,
+                  QStringLiteral("You cannot add or change a record because a related record is required."));
+        case SQLITE_CONSTRAINT_NOTNULL:
+            raise(dberr::NullNotAllowed,
+                  QStringLiteral("The field cannot contain a Null value. (") + message + QLatin1Char(')'));
+        default:
+            break;
     }
     switch (code & 0xff) {
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        raise(err::NotADatabase, unrecognizedFormatText(path));
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        raise(dberr::Locked, QStringLiteral("Couldn't update; currently locked."));
-    case SQLITE_READONLY:
-        raise(dberr::ReadOnly, QStringLiteral("Cannot update. Database or object is read-only."));
-    case SQLITE_IOERR:
-    case SQLITE_FULL:
-        raise(dberr::DiskError, QStringLiteral("Disk or network error. (") + message + QLatin1Char(')'));
-    case SQLITE_CANTOPEN:
-        raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'."));
-    default:
-        break;
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            raise(err::NotADatabase, unrecognizedFormatText(path));
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            raise(dberr::Locked, QStringLiteral("Couldn't update; currently locked."));
+        case SQLITE_READONLY:
+            raise(dberr::ReadOnly, QStringLiteral("Cannot update. Database or object is read-only."));
+        case SQLITE_IOERR:
+        case SQLITE_FULL:
+            raise(dberr::DiskError, QStringLiteral("Disk or network error. (") + message + QLatin1Char(')'));
+        case SQLITE_CANTOPEN:
+            raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'."));
+        default:
+            break;
     }
     const QString noTable = QStringLiteral("no such table:");
     if (message.startsWith(noTable))
-        raise(dberr::TableNotFound, QStringLiteral("The database engine cannot find the input table or query '") +
-                                        afterPrefix(message, noTable) +
-                                        QStringLiteral("'. Make sure it exists and that its name is spelled correctly."));
+        raise(dberr::TableNotFound,
+              QStringLiteral("The database engine cannot find the input table or query '") +
+                  afterPrefix(message, noTable) +
+                  QStringLiteral("'. Make sure it exists and that its name is spelled correctly."));
     if (message.startsWith(QStringLiteral("no such column:")))
-        raise(dberr::TooFewParameters, QStringLiteral("Too few parameters. Expected 1. (") + message + QLatin1Char(')'));
+        raise(dberr::TooFewParameters,
+              QStringLiteral("Too few parameters. Expected 1. (") + message + QLatin1Char(')'));
     if (message.contains(QStringLiteral("syntax error")) || message.contains(QStringLiteral("incomplete input")))
         raise(dberr::SyntaxError, QStringLiteral("Syntax error in query expression '") + sql + QStringLiteral("'."));
     raise(err::DatabaseError, message);
@@ -103,11 +104,15 @@ bool Statement::step() {
     raiseSqliteError(sqlite3_db_handle(m_statement), code, QString::fromUtf8(sqlite3_sql(m_statement)));
 }
 
-bool Statement::readOnly() const { return sqlite3_stmt_readonly(m_statement) != 0; }
+bool Statement::readOnly() const {
+    return sqlite3_stmt_readonly(m_statement) != 0;
+}
 
 SqliteConnection::SqliteConnection(sqlite3* handle, QString path) : m_handle(handle), m_path(std::move(path)) {}
 
-SqliteConnection::~SqliteConnection() { close(); }
+SqliteConnection::~SqliteConnection() {
+    close();
+}
 
 sqlite3* SqliteConnection::handle() const {
     if (m_handle == nullptr)
@@ -131,7 +136,9 @@ sqlite3_stmt* SqliteConnection::compile(const QString& sql) const {
     return statement;
 }
 
-Statement SqliteConnection::prepare(const QString& sql) { return Statement(compile(sql), false); }
+Statement SqliteConnection::prepare(const QString& sql) {
+    return Statement(compile(sql), false);
+}
 
 Statement SqliteConnection::cached(const QString& sql) {
     const auto found = m_cache.constFind(sql);
@@ -161,13 +168,14 @@ ChangeStamp SqliteConnection::changeStamp() const {
     return stamp;
 }
 
-bool SqliteConnection::inTransaction() const { return sqlite3_get_autocommit(handle()) == 0; }
+bool SqliteConnection::inTransaction() const {
+    return sqlite3_get_autocommit(handle()) == 0;
+}
 
 void SqliteConnection::close() {
     if (m_handle == nullptr)
         return;
-    for (sqlite3_stmt* statement : std::as_const(m_cache))
-        sqlite3_finalize(statement);
+    for (sqlite3_stmt* statement : std::as_const(m_cache)) sqlite3_finalize(statement);
     m_cache.clear();
     sqlite3_close_v2(m_handle);
     m_handle = nullptr;
@@ -187,8 +195,8 @@ sqlite3* openSqliteHandle(const QString& path, int flags) {
     if (code != SQLITE_OK) {
         const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
         sqlite3_close(handle);
-        raise(dberr::CannotOpen, QStringLiteral("Can't open database '") + path + QStringLiteral("'. (") + message +
-                                     QLatin1Char(')'));
+        raise(dberr::CannotOpen,
+              QStringLiteral("Can't open database '") + path + QStringLiteral("'. (") + message + QLatin1Char(')'));
     }
     sqlite3_extended_result_codes(handle, 1);
     sqlite3_busy_timeout(handle, kBusyTimeoutMilliseconds);

@@ -2,10 +2,9 @@
 // is closed, every recordset that still holds it sees that and refuses further work.
 #pragma once
 
-#include <QString>
-
-#include <cstdint>
 #include <QHash>
+#include <QString>
+#include <cstdint>
 
 struct sqlite3;
 struct sqlite3_stmt;

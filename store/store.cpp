@@ -1,15 +1,14 @@
 #include "store/store.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <utility>
+#include <vector>
+
 #include "app/base/apppath.h"
 #include "app/base/reporterror.h"
 #include "app/base/trap.h"
 #include "store/compaction.h"
-
-#include <QDir>
-#include <QFileInfo>
-
-#include <utility>
-#include <vector>
 
 namespace ostravel {
 
@@ -31,9 +30,9 @@ void openLiveDatabase(Database& database, const QString& path) {
 Store::Store(ErrorReporter& reporter) : m_reporter(reporter) {}
 
 void Store::resetRecordsets() {
-    for (std::shared_ptr<Recordset>* recordset : {&users, &portfolio, &trades, &equity, &qoutense, &NiftyQuote,
-                                                  &currentprice, &simulation, &compare, &niftyquote, &bank,
-                                                  &transaction_})
+    for (std::shared_ptr<Recordset>* recordset :
+         {&users, &portfolio, &trades, &equity, &qoutense, &NiftyQuote, &currentprice, &simulation, &compare,
+          &niftyquote, &bank, &transaction_})
         recordset->reset();
 }
 

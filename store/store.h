@@ -2,11 +2,11 @@
 // opens for the whole run, under the names of their tables.
 #pragma once
 
-#include "store/database.h"
-#include "store/recordset.h"
-
 #include <QString>
 #include <memory>
+
+#include "store/database.h"
+#include "store/recordset.h"
 
 namespace ostravel {
 

@@ -1,8 +1,8 @@
 #include "tools/calculator.h"
 
-#include "app/base/vbmath.h"
-
 #include <cmath>
+
+#include "app/base/vbmath.h"
 
 namespace ostravel {
 
@@ -71,24 +71,33 @@ void Calculator::equals() {
     const double operand = entry();
     double result = m_accumulator;
     switch (m_pending.toLatin1()) {
-    case '+': result += operand; break;
-    case '-': result -= operand; break;
-    case '*': result *= operand; break;
-    case '/':
-        if (operand == 0) {
-            m_display = kDivisionByZero;
-            m_error = true;
-            return;
-        }
-        result /= operand;
-        break;
-    default: break;
+        case '+':
+            result += operand;
+            break;
+        case '-':
+            result -= operand;
+            break;
+        case '*':
+            result *= operand;
+            break;
+        case '/':
+            if (operand == 0) {
+                m_display = kDivisionByZero;
+                m_error = true;
+                return;
+            }
+            result /= operand;
+            break;
+        default:
+            break;
     }
     m_pending = QChar();
     show(result);
 }
 
-double Calculator::entry() const { return m_display.toDouble(); }
+double Calculator::entry() const {
+    return m_display.toDouble();
+}
 
 void Calculator::show(double value) {
     m_accumulator = value;

@@ -12,7 +12,8 @@ QList<KeyHelpRow> keyboardHelpRows() {
         rows.append({item.shortcut, caption});
     }
     rows.append({
-        {QStringLiteral("Alt + underlined letter"), QStringLiteral("Opens that menu; the letter of an item chooses it")},
+        {QStringLiteral("Alt + underlined letter"),
+         QStringLiteral("Opens that menu; the letter of an item chooses it")},
         {QStringLiteral("Enter (in the stock code box)"), QStringLiteral("Get History of the code")},
         {QStringLiteral("Any key (start screen)"), QStringLiteral("Opens the main window at once")},
         {QStringLiteral("Esc (start screen)"), QStringLiteral("Closes the start screen")},

@@ -1,12 +1,12 @@
 #include "widgets/control_binding.h"
 
-#include "app/base/keyfilters.h"
-#include "widgets/flexgrid.h"
-#include "widgets/key_filter.h"
-
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPalette>
+
+#include "app/base/keyfilters.h"
+#include "widgets/flexgrid.h"
+#include "widgets/key_filter.h"
 
 namespace ostravel {
 

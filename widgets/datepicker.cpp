@@ -40,7 +40,9 @@ void DatePicker::setInitDate(const QDate& date) {
     m_calendar->setSelectedDate(m_initDate);
 }
 
-QDate DatePicker::selectedDate() const { return m_calendar->selectedDate(); }
+QDate DatePicker::selectedDate() const {
+    return m_calendar->selectedDate();
+}
 
 void DatePicker::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)

@@ -2,9 +2,9 @@
 // string's alignments on headings and cells, and its column widths in twips.
 #pragma once
 
-#include "app/gridformat.h"
-
 #include <QColor>
+
+#include "app/gridformat.h"
 
 class QTableWidget;
 

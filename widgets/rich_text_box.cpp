@@ -1,10 +1,10 @@
 #include "widgets/rich_text_box.h"
 
-#include "app/base/vberror.h"
-#include "app/rtfreader.h"
-
 #include <QFile>
 #include <QTextBrowser>
+
+#include "app/base/vberror.h"
+#include "app/rtfreader.h"
 
 namespace ostravel {
 

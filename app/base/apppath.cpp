@@ -29,13 +29,14 @@ QString appPath() {
     return overridePath();
 }
 
-void setAppPath(const QString& folder) { overridePath() = QDir::cleanPath(folder); }
+void setAppPath(const QString& folder) {
+    overridePath() = QDir::cleanPath(folder);
+}
 
 QString appFile(const QString& relative) {
     QString rel = relative;
     rel.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    while (rel.startsWith(QLatin1Char('/')))
-        rel.remove(0, 1);
+    while (rel.startsWith(QLatin1Char('/'))) rel.remove(0, 1);
     // The program spells its history folder both "history/Daily" and "history/daily".
     if (rel.startsWith(QLatin1String("history/"), Qt::CaseInsensitive)) {
         rel.replace(0, 8, QStringLiteral("history/"));

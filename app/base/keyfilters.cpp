@@ -17,7 +17,9 @@ int filterKey(int keyAscii, QLatin1StringView allowed) {
 
 }  // namespace
 
-int testnumber(int keyAscii) { return filterKey(keyAscii, QLatin1StringView("0123456789.")); }
+int testnumber(int keyAscii) {
+    return filterKey(keyAscii, QLatin1StringView("0123456789."));
+}
 
 int testtext(int keyAscii) {
     if (keyAscii >= 'a' && keyAscii <= 'z')

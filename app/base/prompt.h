@@ -30,13 +30,10 @@ public:
 
     virtual Answer message(const QString& text, Buttons buttons, Icon icon, const QString& title) = 0;
     // InputBox: the typed text, or nothing when cancelled (the run time then gives "").
-    virtual std::optional<QString> input(const QString& text, const QString& title,
-                                         const QString& initial) = 0;
+    virtual std::optional<QString> input(const QString& text, const QString& title, const QString& initial) = 0;
     // File dialogs: filter as "Text files (*.txt);;All files (*)".
-    virtual std::optional<QString> openFile(const QString& title, const QString& folder,
-                                            const QString& filter) = 0;
-    virtual std::optional<QString> saveFile(const QString& title, const QString& folder,
-                                            const QString& filter) = 0;
+    virtual std::optional<QString> openFile(const QString& title, const QString& folder, const QString& filter) = 0;
+    virtual std::optional<QString> saveFile(const QString& title, const QString& folder, const QString& filter) = 0;
     virtual std::optional<QString> chooseFolder(const QString& title, const QString& folder) = 0;
     // Colours as the program keeps them: red in the low byte.
     virtual std::optional<std::uint32_t> chooseColour(std::uint32_t initial) = 0;

@@ -1,14 +1,13 @@
 #include "app/base/reporterror.h"
 
+#include <QFile>
+#include <QTextStream>
+#include <cstdio>
+#include <cstdlib>
+
 #include "app/base/apppath.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbformat.h"
-
-#include <QFile>
-#include <QTextStream>
-
-#include <cstdio>
-#include <cstdlib>
 
 namespace ostravel {
 
@@ -34,8 +33,8 @@ QString composeErrorText(const ErrorInfo& error, const QString& place) {
 }
 
 QString errorLogEntry(const QString& text, double serialNow) {
-    return QStringLiteral("\n") + kProgramName + QLatin1Char(' ') + dateToString(serialNow) + QLatin1Char(' ') +
-           text + QLatin1Char('\n');
+    return QStringLiteral("\n") + kProgramName + QLatin1Char(' ') + dateToString(serialNow) + QLatin1Char(' ') + text +
+           QLatin1Char('\n');
 }
 
 ErrorReporter::ErrorReporter(Prompt& prompt, EndProgram endProgram)

@@ -1,11 +1,11 @@
 // The common error trap: the composed report, its message box and the ErrorLog.txt entry.
 #pragma once
 
-#include "app/base/prompt.h"
-#include "app/base/vberror.h"
-
 #include <QString>
 #include <functional>
+
+#include "app/base/prompt.h"
+#include "app/base/vberror.h"
 
 namespace ostravel {
 

@@ -2,11 +2,11 @@
 // and for headless runs.
 #pragma once
 
-#include "app/base/prompt.h"
-
 #include <QList>
 #include <deque>
 #include <variant>
+
+#include "app/base/prompt.h"
 
 namespace ostravel {
 
@@ -20,8 +20,7 @@ struct Asked {
 
 class ScriptedPrompt : public Prompt {
 public:
-    using Reply = std::variant<Answer, std::optional<QString>, std::optional<std::uint32_t>,
-                               std::optional<FontChoice>>;
+    using Reply = std::variant<Answer, std::optional<QString>, std::optional<std::uint32_t>, std::optional<FontChoice>>;
 
     // Queue the next replies, in the order the questions will come.
     void answer(Answer a) { m_replies.push_back(a); }
@@ -31,16 +30,16 @@ public:
 
     const QList<Asked>& asked() const { return m_asked; }
     QStringList messages() const;  // the texts of the message boxes, in order
-    void clear() { m_asked.clear(); m_replies.clear(); }
+    void clear() {
+        m_asked.clear();
+        m_replies.clear();
+    }
     bool allAnswered() const { return m_replies.empty(); }
 
     Answer message(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
-    std::optional<QString> input(const QString& text, const QString& title,
-                                 const QString& initial) override;
-    std::optional<QString> openFile(const QString& title, const QString& folder,
-                                    const QString& filter) override;
-    std::optional<QString> saveFile(const QString& title, const QString& folder,
-                                    const QString& filter) override;
+    std::optional<QString> input(const QString& text, const QString& title, const QString& initial) override;
+    std::optional<QString> openFile(const QString& title, const QString& folder, const QString& filter) override;
+    std::optional<QString> saveFile(const QString& title, const QString& folder, const QString& filter) override;
     std::optional<QString> chooseFolder(const QString& title, const QString& folder) override;
     std::optional<std::uint32_t> chooseColour(std::uint32_t initial) override;
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override;

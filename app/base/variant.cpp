@@ -1,10 +1,10 @@
 #include "app/base/variant.h"
 
+#include <cmath>
+
 #include "app/base/vbdate.h"
 #include "app/base/vberror.h"
 #include "app/base/vbmath.h"
-
-#include <cmath>
 
 namespace ostravel {
 
@@ -13,8 +13,7 @@ namespace {
 // True is -1 to the run time, as the store's Yes/No columns keep it.
 constexpr double kTrueValue = -1.0;
 
-double textToNumber(const QString& text)
-{
+double textToNumber(const QString& text) {
     const std::optional<double> number = parseNumber(text);
     if (!number)
         raise(err::TypeMismatch);
@@ -23,63 +22,74 @@ double textToNumber(const QString& text)
 
 }  // namespace
 
-Variant Variant::null()
-{
+Variant Variant::null() {
     Variant value;
     value.m_value = NullTag{};
     return value;
 }
 
-Variant Variant::date(double serial)
-{
+Variant Variant::date(double serial) {
     Variant value;
     value.m_value = DateTag{serial};
     return value;
 }
 
-Variant::Kind Variant::kind() const
-{
+Variant::Kind Variant::kind() const {
     switch (m_value.index()) {
-    case 0: return Kind::Empty;
-    case 1: return Kind::Null;
-    case 2: return Kind::Boolean;
-    case 3: return Kind::Long;
-    case 4: return Kind::Double;
-    case 5: return Kind::String;
-    default: return Kind::Date;
+        case 0:
+            return Kind::Empty;
+        case 1:
+            return Kind::Null;
+        case 2:
+            return Kind::Boolean;
+        case 3:
+            return Kind::Long;
+        case 4:
+            return Kind::Double;
+        case 5:
+            return Kind::String;
+        default:
+            return Kind::Date;
     }
 }
 
-bool Variant::isNumeric() const
-{
+bool Variant::isNumeric() const {
     switch (kind()) {
-    case Kind::Empty:
-    case Kind::Boolean:
-    case Kind::Long:
-    case Kind::Double: return true;
-    case Kind::String: return parseNumber(std::get<QString>(m_value)).has_value();
-    case Kind::Null:
-    case Kind::Date: return false;
+        case Kind::Empty:
+        case Kind::Boolean:
+        case Kind::Long:
+        case Kind::Double:
+            return true;
+        case Kind::String:
+            return parseNumber(std::get<QString>(m_value)).has_value();
+        case Kind::Null:
+        case Kind::Date:
+            return false;
     }
     return false;
 }
 
-double Variant::toDouble() const
-{
+double Variant::toDouble() const {
     switch (kind()) {
-    case Kind::Empty: return 0.0;
-    case Kind::Null: raise(err::InvalidUseOfNull);
-    case Kind::Boolean: return std::get<bool>(m_value) ? kTrueValue : 0.0;
-    case Kind::Long: return static_cast<double>(std::get<std::int64_t>(m_value));
-    case Kind::Double: return std::get<double>(m_value);
-    case Kind::String: return textToNumber(std::get<QString>(m_value));
-    case Kind::Date: return std::get<DateTag>(m_value).serial;
+        case Kind::Empty:
+            return 0.0;
+        case Kind::Null:
+            raise(err::InvalidUseOfNull);
+        case Kind::Boolean:
+            return std::get<bool>(m_value) ? kTrueValue : 0.0;
+        case Kind::Long:
+            return static_cast<double>(std::get<std::int64_t>(m_value));
+        case Kind::Double:
+            return std::get<double>(m_value);
+        case Kind::String:
+            return textToNumber(std::get<QString>(m_value));
+        case Kind::Date:
+            return std::get<DateTag>(m_value).serial;
     }
     return 0.0;
 }
 
-std::int64_t Variant::toLong() const
-{
+std::int64_t Variant::toLong() const {
     if (kind() == Kind::Long)
         return std::get<std::int64_t>(m_value);
     const double rounded = std::nearbyint(toDouble());
@@ -90,22 +100,27 @@ std::int64_t Variant::toLong() const
     return static_cast<std::int64_t>(rounded);
 }
 
-QString Variant::toString() const
-{
+QString Variant::toString() const {
     switch (kind()) {
-    case Kind::Empty: return {};
-    case Kind::Null: raise(err::InvalidUseOfNull);
-    case Kind::Boolean: return std::get<bool>(m_value) ? QStringLiteral("True") : QStringLiteral("False");
-    case Kind::Long: return QString::number(std::get<std::int64_t>(m_value));
-    case Kind::Double: return numberToText(std::get<double>(m_value));
-    case Kind::String: return std::get<QString>(m_value);
-    case Kind::Date: return dateToString(std::get<DateTag>(m_value).serial);
+        case Kind::Empty:
+            return {};
+        case Kind::Null:
+            raise(err::InvalidUseOfNull);
+        case Kind::Boolean:
+            return std::get<bool>(m_value) ? QStringLiteral("True") : QStringLiteral("False");
+        case Kind::Long:
+            return QString::number(std::get<std::int64_t>(m_value));
+        case Kind::Double:
+            return numberToText(std::get<double>(m_value));
+        case Kind::String:
+            return std::get<QString>(m_value);
+        case Kind::Date:
+            return dateToString(std::get<DateTag>(m_value).serial);
     }
     return {};
 }
 
-bool Variant::toBool() const
-{
+bool Variant::toBool() const {
     if (kind() == Kind::String) {
         const QString text = std::get<QString>(m_value).trimmed();
         if (text.compare(QLatin1String("True"), Qt::CaseInsensitive) == 0)
@@ -118,8 +133,7 @@ bool Variant::toBool() const
     return toDouble() != 0.0;
 }
 
-double Variant::toDate() const
-{
+double Variant::toDate() const {
     if (kind() != Kind::String)
         return toDouble();
     const QString& text = std::get<QString>(m_value);
@@ -128,8 +142,7 @@ double Variant::toDate() const
     raise(err::TypeMismatch);
 }
 
-bool Variant::operator==(const Variant& other) const
-{
+bool Variant::operator==(const Variant& other) const {
     return m_value == other.m_value;
 }
 

@@ -1,12 +1,11 @@
 #include "app/base/vbdate.h"
 
-#include "app/base/vberror.h"
-
 #include <QRegularExpression>
 #include <QTime>
-
 #include <array>
 #include <cmath>
+
+#include "app/base/vberror.h"
 
 namespace ostravel {
 
@@ -21,14 +20,12 @@ constexpr std::array<const char*, 12> kMonths = {"January", "February", "March",
 constexpr std::array<const char*, 7> kWeekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                   "Thursday", "Friday", "Saturday"};
 
-double combine(double days, double fraction)
-{
+double combine(double days, double fraction) {
     return days >= 0.0 ? days + fraction : days - fraction;
 }
 
 // A month written as its English name or its first three letters; 0 when it is none.
-int monthFromName(const QString& name)
-{
+int monthFromName(const QString& name) {
     for (int i = 0; i < 12; ++i) {
         const QString full = QString::fromLatin1(kMonths[static_cast<std::size_t>(i)]);
         if (name.compare(full, Qt::CaseInsensitive) == 0 || name.compare(full.left(3), Qt::CaseInsensitive) == 0)
@@ -38,29 +35,26 @@ int monthFromName(const QString& name)
 }
 
 // Years of one or two digits fall in 1930..2029, as the run time's window has them.
-int fullYear(const QString& digits)
-{
+int fullYear(const QString& digits) {
     const int year = digits.toInt();
     if (digits.size() > 2)
         return year;
     return year < 30 ? 2000 + year : 1900 + year;
 }
 
-std::optional<QDate> makeDate(int year, int month, int day)
-{
+std::optional<QDate> makeDate(int year, int month, int day) {
     const QDate date(year, month, day);
     if (year < 100 || !date.isValid())
         return std::nullopt;
     return date;
 }
 
-std::optional<QDate> parseDayPart(const QString& text)
-{
+std::optional<QDate> parseDayPart(const QString& text) {
     static const QString kSep = QStringLiteral(R"((?:\s*[-/.,]\s*|\s+))");
-    static const QRegularExpression dayMonthName(
-        QStringLiteral(R"(^(\d{1,2})%1([a-z]+)%1(\d{1,4})$)").arg(kSep), QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression monthNameDay(
-        QStringLiteral(R"(^([a-z]+)%1(\d{1,2})%1(\d{1,4})$)").arg(kSep), QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression dayMonthName(QStringLiteral(R"(^(\d{1,2})%1([a-z]+)%1(\d{1,4})$)").arg(kSep),
+                                                 QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression monthNameDay(QStringLiteral(R"(^([a-z]+)%1(\d{1,2})%1(\d{1,4})$)").arg(kSep),
+                                                 QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression yearFirst(QStringLiteral(R"(^(\d{3,4})([-/.])(\d{1,2})\2(\d{1,2})$)"));
     static const QRegularExpression numeric(QStringLiteral(R"(^(\d{1,2})([-/.])(\d{1,2})\2(\d{1,4})$)"));
 
@@ -90,8 +84,7 @@ std::optional<QDate> parseDayPart(const QString& text)
 }
 
 // The time as a fraction of a day; nullopt when the figures are no time.
-std::optional<double> timeFraction(int hour, int minute, int second, const QString& meridian)
-{
+std::optional<double> timeFraction(int hour, int minute, int second, const QString& meridian) {
     if (!meridian.isEmpty()) {
         if (hour > 12)
             return std::nullopt;
@@ -108,19 +101,16 @@ std::optional<double> timeFraction(int hour, int minute, int second, const QStri
 
 }  // namespace
 
-double dateSerial(const QDate& date)
-{
+double dateSerial(const QDate& date) {
     return static_cast<double>(kEpoch.daysTo(date));
 }
 
-double dateTimeSerial(const QDateTime& dateTime)
-{
+double dateTimeSerial(const QDateTime& dateTime) {
     const double fraction = static_cast<double>(dateTime.time().msecsSinceStartOfDay()) / (kSecondsPerDay * 1000.0);
     return combine(dateSerial(dateTime.date()), fraction);
 }
 
-QDateTime serialToDateTime(double serial)
-{
+QDateTime serialToDateTime(double serial) {
     auto days = static_cast<qint64>(std::trunc(serial));
     auto seconds = std::llround(std::fabs(serial - static_cast<double>(days)) * kSecondsPerDay);
     if (seconds >= kSecondsPerDay) {
@@ -130,13 +120,11 @@ QDateTime serialToDateTime(double serial)
     return QDateTime(kEpoch.addDays(days), QTime::fromMSecsSinceStartOfDay(static_cast<int>(seconds) * 1000));
 }
 
-QDate serialToDate(double serial)
-{
+QDate serialToDate(double serial) {
     return serialToDateTime(serial).date();
 }
 
-std::optional<double> parseDate(const QString& text)
-{
+std::optional<double> parseDate(const QString& text) {
     static const QRegularExpression withTime(
         QStringLiteral(R"(^(.*?)\s*(?:(\d{1,2}):(\d{1,2})(?::(\d{1,2}))?\s*([ap]m?)?)?$)"),
         QRegularExpression::CaseInsensitiveOption);
@@ -148,8 +136,8 @@ std::optional<double> parseDate(const QString& text)
     double fraction = 0.0;
     const bool hasTime = m.hasCaptured(2);
     if (hasTime) {
-        const auto time = timeFraction(m.captured(2).toInt(), m.captured(3).toInt(), m.captured(4).toInt(),
-                                       m.captured(5));
+        const auto time =
+            timeFraction(m.captured(2).toInt(), m.captured(3).toInt(), m.captured(4).toInt(), m.captured(5));
         if (!time)
             return std::nullopt;
         fraction = *time;
@@ -163,17 +151,14 @@ std::optional<double> parseDate(const QString& text)
     return combine(dateSerial(*date), fraction);
 }
 
-bool isDate(const QString& text)
-{
+bool isDate(const QString& text) {
     return parseDate(text).has_value();
 }
 
-QString dateToString(double serial)
-{
+QString dateToString(double serial) {
     const QDateTime dateTime = serialToDateTime(serial);
     const QTime time = dateTime.time();
-    const QString clock =
-        QString::asprintf("%02d:%02d:%02d", time.hour(), time.minute(), time.second());
+    const QString clock = QString::asprintf("%02d:%02d:%02d", time.hour(), time.minute(), time.second());
     if (serial >= 0.0 && serial < 1.0)
         return clock;
     const QDate date = dateTime.date();
@@ -183,29 +168,25 @@ QString dateToString(double serial)
     return text;
 }
 
-QString monthName(int month, bool abbreviate)
-{
+QString monthName(int month, bool abbreviate) {
     if (month < 1 || month > 12)
         raise(err::InvalidProcedureCall);
     const QString name = QString::fromLatin1(kMonths[static_cast<std::size_t>(month - 1)]);
     return abbreviate ? name.left(3) : name;
 }
 
-QString weekdayName(int weekday, bool abbreviate)
-{
+QString weekdayName(int weekday, bool abbreviate) {
     if (weekday < 1 || weekday > 7)
         raise(err::InvalidProcedureCall);
     const QString name = QString::fromLatin1(kWeekdays[static_cast<std::size_t>(weekday - 1)]);
     return abbreviate ? name.left(3) : name;
 }
 
-double now()
-{
+double now() {
     return dateTimeSerial(QDateTime::currentDateTime());
 }
 
-double today()
-{
+double today() {
     return dateSerial(QDate::currentDate());
 }
 

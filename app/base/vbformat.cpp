@@ -1,14 +1,13 @@
 #include "app/base/vbformat.h"
 
+#include <QDateTime>
+#include <QStringList>
+#include <set>
+#include <vector>
+
 #include "app/base/variant.h"
 #include "app/base/vbdate.h"
 #include "app/base/vbmath.h"
-
-#include <QDateTime>
-#include <QStringList>
-
-#include <set>
-#include <vector>
 
 namespace ostravel {
 
@@ -22,8 +21,7 @@ struct PatternChar {
     bool literal = false;
 };
 
-std::vector<PatternChar> patternChars(const QString& pattern)
-{
+std::vector<PatternChar> patternChars(const QString& pattern) {
     std::vector<PatternChar> out;
     for (qsizetype i = 0; i < pattern.size(); ++i) {
         const QChar c = pattern.at(i);
@@ -50,8 +48,7 @@ struct NumberItem {
     QString text;
 };
 
-std::vector<NumberItem> numberItems(const QString& section)
-{
+std::vector<NumberItem> numberItems(const QString& section) {
     std::vector<NumberItem> items;
     bool point = false;
     for (const PatternChar& c : patternChars(section)) {
@@ -77,8 +74,7 @@ std::vector<NumberItem> numberItems(const QString& section)
     return items;
 }
 
-bool isPlaceholder(NumberToken kind)
-{
+bool isPlaceholder(NumberToken kind) {
     return kind == NumberToken::Optional || kind == NumberToken::Required;
 }
 
@@ -92,33 +88,37 @@ struct NumberLayout {
     std::vector<int> commaOffsets;  // placeholders right of each grouping comma, ascending
 };
 
-NumberLayout numberLayout(const std::vector<NumberItem>& items)
-{
+NumberLayout numberLayout(const std::vector<NumberItem>& items) {
     NumberLayout layout;
     bool afterPoint = false;
     int firstRequired = -1;
     std::vector<int> commasAt;  // integer placeholders seen before each comma
     for (const NumberItem& item : items) {
         switch (item.kind) {
-        case NumberToken::Optional:
-        case NumberToken::Required:
-            if (afterPoint) {
-                ++layout.decimalPlaces;
-                if (item.kind == NumberToken::Required)
-                    layout.minDecimals = layout.decimalPlaces;
-            } else {
-                if (item.kind == NumberToken::Required && firstRequired < 0)
-                    firstRequired = layout.integerPlaces;
-                ++layout.integerPlaces;
-            }
-            break;
-        case NumberToken::Point: afterPoint = true; break;
-        case NumberToken::Comma:
-            if (!afterPoint)
-                commasAt.push_back(layout.integerPlaces);
-            break;
-        case NumberToken::Percent: ++layout.percents; break;
-        case NumberToken::Literal: break;
+            case NumberToken::Optional:
+            case NumberToken::Required:
+                if (afterPoint) {
+                    ++layout.decimalPlaces;
+                    if (item.kind == NumberToken::Required)
+                        layout.minDecimals = layout.decimalPlaces;
+                } else {
+                    if (item.kind == NumberToken::Required && firstRequired < 0)
+                        firstRequired = layout.integerPlaces;
+                    ++layout.integerPlaces;
+                }
+                break;
+            case NumberToken::Point:
+                afterPoint = true;
+                break;
+            case NumberToken::Comma:
+                if (!afterPoint)
+                    commasAt.push_back(layout.integerPlaces);
+                break;
+            case NumberToken::Percent:
+                ++layout.percents;
+                break;
+            case NumberToken::Literal:
+                break;
         }
     }
     if (firstRequired >= 0)
@@ -134,8 +134,7 @@ NumberLayout numberLayout(const std::vector<NumberItem>& items)
 // The digit counts from the right after which a comma stands, for a number of `length` integer
 // digits: the groups as written, and past them the leftmost written group again while the rest
 // is longer than the placeholders written before the first comma.
-std::set<int> groupBoundaries(const NumberLayout& layout, int length)
-{
+std::set<int> groupBoundaries(const NumberLayout& layout, int length) {
     std::set<int> boundaries;
     if (layout.commaOffsets.empty())
         return boundaries;
@@ -144,8 +143,8 @@ std::set<int> groupBoundaries(const NumberLayout& layout, int length)
             boundaries.insert(offset);
     }
     const int last = layout.commaOffsets.back();
-    const int repeat = layout.commaOffsets.size() > 1 ? last - layout.commaOffsets[layout.commaOffsets.size() - 2]
-                                                      : last;
+    const int repeat =
+        layout.commaOffsets.size() > 1 ? last - layout.commaOffsets[layout.commaOffsets.size() - 2] : last;
     const int leading = layout.integerPlaces - last;
     if (length - last > leading) {
         for (int pos = last; length - pos > repeat;) {
@@ -156,14 +155,12 @@ std::set<int> groupBoundaries(const NumberLayout& layout, int length)
     return boundaries;
 }
 
-QString formatNumberSection(double value, const QString& section, bool showMinus)
-{
+QString formatNumberSection(double value, const QString& section, bool showMinus) {
     const std::vector<NumberItem> items = numberItems(section);
     const NumberLayout layout = numberLayout(items);
 
     double scaled = value;
-    for (int i = 0; i < layout.percents; ++i)
-        scaled *= 100.0;
+    for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
     QString digits = fixedDecimalText(scaled, layout.decimalPlaces, Tie::AwayFromZero);
     const bool negative = digits.startsWith(u'-');
     if (negative)
@@ -176,8 +173,7 @@ QString formatNumberSection(double value, const QString& section, bool showMinus
         integer.clear();
     if (integer.size() < layout.minIntegerDigits)
         integer.prepend(QString(layout.minIntegerDigits - integer.size(), u'0'));
-    while (fraction.size() > layout.minDecimals && fraction.endsWith(u'0'))
-        fraction.chop(1);
+    while (fraction.size() > layout.minDecimals && fraction.endsWith(u'0')) fraction.chop(1);
 
     const int length = static_cast<int>(integer.size());
     const std::set<int> boundaries = groupBoundaries(layout, length);
@@ -192,8 +188,7 @@ QString formatNumberSection(double value, const QString& section, bool showMinus
         if (integerStarted)
             return;
         integerStarted = true;
-        for (int position = length - 1; position >= layout.integerPlaces; --position)
-            emitDigit(position);
+        for (int position = length - 1; position >= layout.integerPlaces; --position) emitDigit(position);
     };
 
     int integerIndex = 0;
@@ -221,15 +216,13 @@ QString formatNumberSection(double value, const QString& section, bool showMinus
     return negative && showMinus ? u'-' + out : out;
 }
 
-QStringList sections(const QString& pattern)
-{
+QStringList sections(const QString& pattern) {
     QStringList out(QString{});
     for (const PatternChar& c : patternChars(pattern)) {
         if (!c.literal && c.text == QLatin1String(";"))
             out.append(QString{});
         else if (c.literal)
-            for (const QChar ch : c.text)
-                out.last() += QString(u'\\') + ch;
+            for (const QChar ch : c.text) out.last() += QString(u'\\') + ch;
         else
             out.last() += c.text;
     }
@@ -238,8 +231,7 @@ QStringList sections(const QString& pattern)
 
 // ---- date patterns ------------------------------------------------------------------------
 
-QString namedDatePattern(const QString& pattern)
-{
+QString namedDatePattern(const QString& pattern) {
     static const std::pair<const char*, const char*> kNamed[] = {
         {"Short Date", "dd/mm/yyyy"}, {"Medium Date", "dd-mmm-yy"},   {"Long Date", "dd mmmm yyyy"},
         {"Short Time", "hh:nn"},      {"Medium Time", "hh:nn AM/PM"}, {"Long Time", "hh:nn:ss"},
@@ -251,8 +243,7 @@ QString namedDatePattern(const QString& pattern)
     return {};
 }
 
-bool isGeneralDate(const QString& pattern)
-{
+bool isGeneralDate(const QString& pattern) {
     return pattern.trimmed().compare(QLatin1String("General Date"), Qt::CaseInsensitive) == 0;
 }
 
@@ -262,8 +253,7 @@ struct DateItem {
     QString text;  // literal text, or the AM/PM marker as written
 };
 
-std::vector<DateItem> dateItems(const QString& pattern)
-{
+std::vector<DateItem> dateItems(const QString& pattern) {
     std::vector<DateItem> items;
     const std::vector<PatternChar> chars = patternChars(pattern);
     for (std::size_t i = 0; i < chars.size(); ++i) {
@@ -274,8 +264,7 @@ std::vector<DateItem> dateItems(const QString& pattern)
         }
         const QChar lower = c.text.at(0).toLower();
         QString rest;
-        for (std::size_t j = i; j < chars.size() && j < i + 5 && !chars[j].literal; ++j)
-            rest += chars[j].text;
+        for (std::size_t j = i; j < chars.size() && j < i + 5 && !chars[j].literal; ++j) rest += chars[j].text;
         if (rest.startsWith(QLatin1String("AM/PM"), Qt::CaseInsensitive)) {
             items.push_back({u'a', 0, rest.left(5)});
             i += 4;
@@ -297,8 +286,7 @@ std::vector<DateItem> dateItems(const QString& pattern)
 }
 
 // An "m" or "mm" right after an hour, or right before seconds, stands for minutes.
-bool meansMinutes(const std::vector<DateItem>& items, std::size_t index)
-{
+bool meansMinutes(const std::vector<DateItem>& items, std::size_t index) {
     if (items[index].count > 2)
         return false;
     for (std::size_t i = index; i-- > 0;) {
@@ -315,20 +303,17 @@ bool meansMinutes(const std::vector<DateItem>& items, std::size_t index)
     return false;
 }
 
-QString twoDigits(int value)
-{
+QString twoDigits(int value) {
     return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
 }
 
-QString meridian(const QString& marker, int hour)
-{
+QString meridian(const QString& marker, int hour) {
     const bool pm = hour >= 12;
     const qsizetype slash = marker.indexOf(u'/');
     return pm ? marker.mid(slash + 1) : marker.left(slash);
 }
 
-bool hasDateLetters(const QString& pattern)
-{
+bool hasDateLetters(const QString& pattern) {
     bool letters = false;
     for (const PatternChar& c : patternChars(pattern)) {
         if (c.literal)
@@ -340,20 +325,17 @@ bool hasDateLetters(const QString& pattern)
     return letters;
 }
 
-bool isDatePattern(const QString& pattern)
-{
+bool isDatePattern(const QString& pattern) {
     return isGeneralDate(pattern) || !namedDatePattern(pattern).isEmpty() || hasDateLetters(pattern);
 }
 
-QString formatNumeric(double value, const QString& pattern)
-{
+QString formatNumeric(double value, const QString& pattern) {
     return isDatePattern(pattern) ? formatDate(value, pattern) : formatNumber(value, pattern);
 }
 
 }  // namespace
 
-QString formatNumber(double value, const QString& pattern)
-{
+QString formatNumber(double value, const QString& pattern) {
     if (pattern.isEmpty())
         return numberToText(value);
     const QStringList parts = sections(pattern);
@@ -365,8 +347,7 @@ QString formatNumber(double value, const QString& pattern)
     return formatNumberSection(value, parts.at(0), true);
 }
 
-QString formatDate(double serial, const QString& pattern)
-{
+QString formatDate(double serial, const QString& pattern) {
     if (isGeneralDate(pattern) || pattern.isEmpty())
         return dateToString(serial);
     if (const QString named = namedDatePattern(pattern); !named.isEmpty())
@@ -377,64 +358,74 @@ QString formatDate(double serial, const QString& pattern)
     const QTime time = dateTime.time();
     const std::vector<DateItem> items = dateItems(pattern);
     bool twelveHours = false;
-    for (const DateItem& item : items)
-        twelveHours = twelveHours || item.letter == u'a';
+    for (const DateItem& item : items) twelveHours = twelveHours || item.letter == u'a';
 
     QString out;
     for (std::size_t i = 0; i < items.size(); ++i) {
         const DateItem& item = items[i];
         const int n = item.count;
         switch (item.letter.unicode()) {
-        case u'd':
-            if (n <= 2)
-                out += n == 1 ? QString::number(date.day()) : twoDigits(date.day());
-            else if (n <= 4)
-                out += weekdayName(date.dayOfWeek() % 7 + 1, n == 3);
-            else
-                out += formatDate(serial, n == 5 ? QStringLiteral("Short Date") : QStringLiteral("Long Date"));
-            break;
-        case u'm':
-            if (meansMinutes(items, i))
+            case u'd':
+                if (n <= 2)
+                    out += n == 1 ? QString::number(date.day()) : twoDigits(date.day());
+                else if (n <= 4)
+                    out += weekdayName(date.dayOfWeek() % 7 + 1, n == 3);
+                else
+                    out += formatDate(serial, n == 5 ? QStringLiteral("Short Date") : QStringLiteral("Long Date"));
+                break;
+            case u'm':
+                if (meansMinutes(items, i))
+                    out += n == 1 ? QString::number(time.minute()) : twoDigits(time.minute());
+                else if (n <= 2)
+                    out += n == 1 ? QString::number(date.month()) : twoDigits(date.month());
+                else
+                    out += monthName(date.month(), n == 3);
+                break;
+            case u'y':
+                if (n == 1)
+                    out += QString::number(date.dayOfYear());
+                else if (n == 2)
+                    out += twoDigits(date.year() % 100);
+                else
+                    out += QStringLiteral("%1").arg(date.year(), 4, 10, QLatin1Char('0'));
+                break;
+            case u'h': {
+                int hour = time.hour();
+                if (twelveHours)
+                    hour = hour % 12 == 0 ? 12 : hour % 12;
+                out += n == 1 ? QString::number(hour) : twoDigits(hour);
+                break;
+            }
+            case u'n':
                 out += n == 1 ? QString::number(time.minute()) : twoDigits(time.minute());
-            else if (n <= 2)
-                out += n == 1 ? QString::number(date.month()) : twoDigits(date.month());
-            else
-                out += monthName(date.month(), n == 3);
-            break;
-        case u'y':
-            if (n == 1)
-                out += QString::number(date.dayOfYear());
-            else if (n == 2)
-                out += twoDigits(date.year() % 100);
-            else
-                out += QStringLiteral("%1").arg(date.year(), 4, 10, QLatin1Char('0'));
-            break;
-        case u'h': {
-            int hour = time.hour();
-            if (twelveHours)
-                hour = hour % 12 == 0 ? 12 : hour % 12;
-            out += n == 1 ? QString::number(hour) : twoDigits(hour);
-            break;
-        }
-        case u'n': out += n == 1 ? QString::number(time.minute()) : twoDigits(time.minute()); break;
-        case u's': out += n == 1 ? QString::number(time.second()) : twoDigits(time.second()); break;
-        case u'a': out += meridian(item.text, time.hour()); break;
-        default: out += item.text; break;
+                break;
+            case u's':
+                out += n == 1 ? QString::number(time.second()) : twoDigits(time.second());
+                break;
+            case u'a':
+                out += meridian(item.text, time.hour());
+                break;
+            default:
+                out += item.text;
+                break;
         }
     }
     return out;
 }
 
-QString format(const Variant& value, const QString& pattern)
-{
+QString format(const Variant& value, const QString& pattern) {
     switch (value.kind()) {
-    case Variant::Kind::Empty:
-    case Variant::Kind::Null: return {};
-    case Variant::Kind::Date: return formatDate(value.toDate(), pattern);
-    case Variant::Kind::Boolean:
-    case Variant::Kind::Long:
-    case Variant::Kind::Double: return formatNumeric(value.toDouble(), pattern);
-    case Variant::Kind::String: break;
+        case Variant::Kind::Empty:
+        case Variant::Kind::Null:
+            return {};
+        case Variant::Kind::Date:
+            return formatDate(value.toDate(), pattern);
+        case Variant::Kind::Boolean:
+        case Variant::Kind::Long:
+        case Variant::Kind::Double:
+            return formatNumeric(value.toDouble(), pattern);
+        case Variant::Kind::String:
+            break;
     }
     const QString text = value.toString();
     if (const std::optional<double> number = parseNumber(text))

@@ -1,15 +1,15 @@
 #include "app/base/vbmath.h"
 
-#include "app/base/vberror.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <cstdlib>
+#include <limits>
 #include <string>
 #include <system_error>
+
+#include "app/base/vberror.h"
 
 namespace ostravel {
 
@@ -24,8 +24,7 @@ struct Digits {
     int exponent = 0;
 };
 
-Digits significantDigits(double value)
-{
+Digits significantDigits(double value) {
     std::array<char, 40> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
                                       std::chars_format::scientific, kSignificantDigits - 1);
@@ -37,25 +36,21 @@ Digits significantDigits(double value)
     return out;
 }
 
-double parseCanonical(const std::string& text)
-{
+double parseCanonical(const std::string& text) {
     double value = 0.0;
     std::from_chars(text.data(), text.data() + text.size(), value);
     return value;
 }
 
-bool isBlank(QChar c)
-{
+bool isBlank(QChar c) {
     return c == u' ' || c == u'\t' || c == u'\n';
 }
 
-bool isDigit(QChar c)
-{
+bool isDigit(QChar c) {
     return c >= u'0' && c <= u'9';
 }
 
-int digitValue(QChar c)
-{
+int digitValue(QChar c) {
     const char16_t u = c.unicode();
     if (u >= u'0' && u <= u'9')
         return u - u'0';
@@ -68,8 +63,7 @@ int digitValue(QChar c)
 
 // Val's "&H" and "&O": the digits as an unsigned number, then signed in 16 bits when they fit
 // there and in 32 bits otherwise, as the run time types such literals.
-double radixValue(const QString& text, qsizetype pos, int radix)
-{
+double radixValue(const QString& text, qsizetype pos, int radix) {
     std::uint64_t value = 0;
     for (; pos < text.size(); ++pos) {
         if (isBlank(text.at(pos)))
@@ -88,12 +82,10 @@ double radixValue(const QString& text, qsizetype pos, int radix)
 
 }  // namespace
 
-double Val(const QString& text)
-{
+double Val(const QString& text) {
     qsizetype pos = 0;
     auto skipBlanks = [&] {
-        while (pos < text.size() && isBlank(text.at(pos)))
-            ++pos;
+        while (pos < text.size() && isBlank(text.at(pos))) ++pos;
     };
     auto peek = [&]() -> QChar {
         skipBlanks();
@@ -156,8 +148,7 @@ double Val(const QString& text)
     return value;
 }
 
-std::optional<double> parseNumber(const QString& text)
-{
+std::optional<double> parseNumber(const QString& text) {
     const QString trimmed = text.trimmed();
     std::string number;
     qsizetype pos = 0;
@@ -185,8 +176,7 @@ std::optional<double> parseNumber(const QString& text)
             number += static_cast<char>(at(pos++).unicode());
         if (!isDigit(at(pos)))
             return std::nullopt;
-        for (; isDigit(at(pos)); ++pos)
-            number += static_cast<char>(at(pos).unicode());
+        for (; isDigit(at(pos)); ++pos) number += static_cast<char>(at(pos).unicode());
     }
     if (pos != trimmed.size())
         return std::nullopt;
@@ -202,8 +192,7 @@ std::optional<double> parseNumber(const QString& text)
     return value;
 }
 
-QString fixedDecimalText(double value, int decimals, Tie tie)
-{
+QString fixedDecimalText(double value, int decimals, Tie tie) {
     if (!std::isfinite(value))
         return QString::number(value);
     decimals = std::max(decimals, 0);
@@ -229,8 +218,7 @@ QString fixedDecimalText(double value, int decimals, Tie tie)
         }
         if (up) {
             int i = static_cast<int>(kept.size()) - 1;
-            for (; i >= 0 && kept[static_cast<std::size_t>(i)] == '9'; --i)
-                kept[static_cast<std::size_t>(i)] = '0';
+            for (; i >= 0 && kept[static_cast<std::size_t>(i)] == '9'; --i) kept[static_cast<std::size_t>(i)] = '0';
             if (i >= 0) {
                 ++kept[static_cast<std::size_t>(i)];
             } else {
@@ -248,12 +236,10 @@ QString fixedDecimalText(double value, int decimals, Tie tie)
     std::string text;
     if (integerLength <= 0)
         text = "0";
-    for (int i = 0; i < integerLength; ++i)
-        text += digitAt(i);
+    for (int i = 0; i < integerLength; ++i) text += digitAt(i);
     if (decimals > 0) {
         text += '.';
-        for (int i = integerLength; i < integerLength + decimals; ++i)
-            text += digitAt(i);
+        for (int i = integerLength; i < integerLength + decimals; ++i) text += digitAt(i);
     }
     const bool zero = d.digits.find_first_not_of('0') == std::string::npos;
     if (value < 0.0 && !zero)
@@ -263,8 +249,7 @@ QString fixedDecimalText(double value, int decimals, Tie tie)
 
 namespace {
 
-double roundTo(double value, int digits, Tie tie)
-{
+double roundTo(double value, int digits, Tie tie) {
     if (digits < 0)
         raise(err::InvalidProcedureCall);
     if (!std::isfinite(value) || value == 0.0)
@@ -277,18 +262,15 @@ double roundTo(double value, int digits, Tie tie)
 
 }  // namespace
 
-double Round(double value, int digits)
-{
+double Round(double value, int digits) {
     return roundTo(value, digits, Tie::ToEven);
 }
 
-double roundHalfAway(double value, int digits)
-{
+double roundHalfAway(double value, int digits) {
     return roundTo(value, digits, Tie::AwayFromZero);
 }
 
-QString numberToText(double value)
-{
+QString numberToText(double value) {
     if (!std::isfinite(value))
         return QString::number(value);
     if (value == 0.0)
@@ -320,8 +302,7 @@ QString numberToText(double value)
     return QString::fromLatin1(text);
 }
 
-QString Str(double value)
-{
+QString Str(double value) {
     QString text = numberToText(value);
     const bool negative = text.startsWith(u'-');
     const qsizetype digitsStart = negative ? 1 : 0;
@@ -330,16 +311,14 @@ QString Str(double value)
     return negative ? text : u' ' + text;
 }
 
-std::int16_t toInteger(double value)
-{
+std::int16_t toInteger(double value) {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= -32768.0 && rounded <= 32767.0))
         raise(err::Overflow);
     return static_cast<std::int16_t>(rounded);
 }
 
-std::int32_t toLongInteger(double value)
-{
+std::int32_t toLongInteger(double value) {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0))
         raise(err::Overflow);

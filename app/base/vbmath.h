@@ -37,8 +37,12 @@ QString Str(double value);
 QString numberToText(double value);
 
 // Single precision: where the program holds a value in a 32-bit float, its rounding is kept.
-inline float toSingle(double value) { return static_cast<float>(value); }
-inline double single(double value) { return static_cast<double>(static_cast<float>(value)); }
+inline float toSingle(double value) {
+    return static_cast<float>(value);
+}
+inline double single(double value) {
+    return static_cast<double>(static_cast<float>(value));
+}
 // CInt: to a 16-bit integer, halves to even; out of range raises 6 (overflow).
 std::int16_t toInteger(double value);
 // CLng: to a 32-bit integer, halves to even; out of range raises 6.

@@ -1,12 +1,12 @@
 #include "app/frame/help_window.h"
 
-#include "app/base/apppath.h"
-
 #include <QDialog>
 #include <QPointer>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include "app/base/apppath.h"
 
 namespace ostravel {
 

@@ -1,14 +1,14 @@
 // Main: the single-instance test, the store, the splash, then the frame.
+#include <QApplication>
+#include <QDir>
+
 #include "app/base/apppath.h"
+#include "app/frame/mdiform1_view.h"
+#include "app/frame/splash_view.h"
 #include "app/program.h"
 #include "app/program_folder.h"
 #include "app/single_instance.h"
-#include "app/frame/mdiform1_view.h"
 #include "widgets/qt_prompt.h"
-#include "app/frame/splash_view.h"
-
-#include <QApplication>
-#include <QDir>
 
 using namespace ostravel;
 
@@ -33,10 +33,10 @@ int main(int argc, char** argv) {
         program.store().connection();
     } catch (const DatabaseUnusable& e) {
         // A database that can't be read is left exactly as it is for the user to recover.
-        prompt.message(e.description() +
-                           QStringLiteral("\n\nOstravel has not changed this file. Move it away or restore a backup "
-                                          "in its place, then start Ostravel again."),
-                       Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
+        prompt.message(
+            e.description() + QStringLiteral("\n\nOstravel has not changed this file. Move it away or restore a backup "
+                                             "in its place, then start Ostravel again."),
+            Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
         return 1;
     }
 

@@ -1,23 +1,6 @@
 #include "app/frame/mdiform1_view.h"
 
-#include "app/menu_tree.h"
-#include "app/posform.h"
-#include "app/program.h"
-#include "app/screens.h"
-#include "app/frame/help_window.h"
-#include "app/frame/quick_view.h"
-#include "app/frame/screen_openers.h"
-#include "ledger/addremovecash.h"
-#include "ledger/frmsplit.h"
-#include "ledger/portfolioexplorer.h"
-#include "position/ui/websetting_view.h"
-#include "safety/ui/backup_view.h"
-#include "safety/ui/restore_view.h"
-#include "tools/ui/calc_view.h"
-#include "tools/ui/keyboard_help_view.h"
-
 #include <QAction>
-#include <algorithm>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -33,6 +16,23 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <algorithm>
+
+#include "app/frame/help_window.h"
+#include "app/frame/quick_view.h"
+#include "app/frame/screen_openers.h"
+#include "app/menu_tree.h"
+#include "app/posform.h"
+#include "app/program.h"
+#include "app/screens.h"
+#include "ledger/addremovecash.h"
+#include "ledger/frmsplit.h"
+#include "ledger/portfolioexplorer.h"
+#include "position/ui/websetting_view.h"
+#include "safety/ui/backup_view.h"
+#include "safety/ui/restore_view.h"
+#include "tools/ui/calc_view.h"
+#include "tools/ui/keyboard_help_view.h"
 
 namespace ostravel {
 
@@ -82,8 +82,8 @@ void MDIForm1View::addMenuItems(QWidget* menuWidget, const QList<MenuItem>& item
             QMenu* sub = menu->addMenu(item.caption);
             sub->setObjectName(item.name);
             addMenuItems(sub, item.children);
-            sub->setEnabled(std::any_of(item.children.begin(), item.children.end(),
-                                        [](const MenuItem& c) { return c.available; }));
+            sub->setEnabled(
+                std::any_of(item.children.begin(), item.children.end(), [](const MenuItem& c) { return c.available; }));
             continue;
         }
         QAction* action = menu->addAction(item.caption);
@@ -251,8 +251,7 @@ void MDIForm1View::refresh() {
     const QSignalBlocker b1(m_cmbportfolio), b2(m_Cmbequityname), b3(m_cmbequity);
     auto mirrorList = [](QComboBox* box, const ComboState& state) {
         QStringList current;
-        for (int i = 0; i < box->count(); ++i)
-            current << box->itemText(i);
+        for (int i = 0; i < box->count(); ++i) current << box->itemText(i);
         if (current != state.items) {
             box->clear();
             box->addItems(state.items);
@@ -277,8 +276,7 @@ void MDIForm1View::updatePanels() {
                                                frame.cmbequity,
                                                frame.OnlineFlag ? QStringLiteral("Online") : QStringLiteral("Offline"),
                                                frame.panel6};
-    for (int i = 0; i < MainFrame::kPanels; ++i)
-        m_panels[i]->setText(texts[i]);
+    for (int i = 0; i < MainFrame::kPanels; ++i) m_panels[i]->setText(texts[i]);
 }
 
 bool MDIForm1View::eventFilter(QObject* watched, QEvent* event) {

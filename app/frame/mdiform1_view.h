@@ -2,8 +2,8 @@
 // the status bar. It mirrors MainFrame's state and forwards the user's actions to it.
 #pragma once
 
-#include <QMainWindow>
 #include <QHash>
+#include <QMainWindow>
 #include <array>
 #include <functional>
 

@@ -1,13 +1,13 @@
 #include "app/frame/quick_view.h"
 
-#include "app/base/trap.h"
+#include <QCheckBox>
+#include <QTextBrowser>
+
 #include "app/base/apppath.h"
+#include "app/base/trap.h"
 #include "app/program.h"
 #include "app/quick.h"
 #include "widgets/rich_text_box.h"
-
-#include <QCheckBox>
-#include <QTextBrowser>
 
 namespace ostravel {
 
@@ -32,7 +32,9 @@ quick::quick(Program& program, QWidget* parent) : QWidget(parent), m_program(pro
     resize(640, 480);
 }
 
-bool quick::wantedAtStart(Program& program) { return quickWantedAtStart(program); }
+bool quick::wantedAtStart(Program& program) {
+    return quickWantedAtStart(program);
+}
 
 void quick::resizeEvent(QResizeEvent*) {
     // The box is 200 twips narrower and 450 twips lower than the form, the check box 150 below it.

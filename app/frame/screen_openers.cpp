@@ -1,8 +1,13 @@
 #include "app/frame/screen_openers.h"
 
+#include <QApplication>
+#include <QComboBox>
+#include <QTimer>
+#include <functional>
+
+#include "app/frame/mdiform1_view.h"
 #include "app/program.h"
 #include "app/screens.h"
-#include "app/frame/mdiform1_view.h"
 #include "ledger/frmsplit.h"
 #include "ledger/ui/addremovecash_view.h"
 #include "ledger/ui/create_view.h"
@@ -15,11 +20,6 @@
 #include "position/advice.h"
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QTimer>
-#include <functional>
 
 namespace ostravel {
 
@@ -90,13 +90,14 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     // The equity manager mirrors its state again once the procedure that asked for it has
     // finished writing there.
     screens.setOpener(QStringLiteral("equitymanager"), [&frame, &program] {
-        auto* screen = static_cast<equitymanager*>(frame.showSingleChild(
-            QStringLiteral("equitymanager"), [&program] { return new equitymanager(program); }));
+        auto* screen = static_cast<equitymanager*>(
+            frame.showSingleChild(QStringLiteral("equitymanager"), [&program] { return new equitymanager(program); }));
         screen->refresh();
         QTimer::singleShot(0, screen, &equitymanager::refresh);
     });
     screens.setOpener(QStringLiteral("Portfolioexplorer"), [&frame, &program] {
-        frame.showSingleChild(QStringLiteral("Portfolioexplorer"), [&program] { return new Portfolioexplorer(program); });
+        frame.showSingleChild(QStringLiteral("Portfolioexplorer"),
+                              [&program] { return new Portfolioexplorer(program); });
     });
     screens.setOpener(QStringLiteral("setting"), [&frame, &program] {
         setting dialog(program, &frame);

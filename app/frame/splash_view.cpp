@@ -1,13 +1,13 @@
 #include "app/frame/splash_view.h"
 
-#include "app/base/trap.h"
-#include "app/program.h"
-#include "app/version.h"
-
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QVBoxLayout>
+
+#include "app/base/trap.h"
+#include "app/program.h"
+#include "app/version.h"
 
 namespace ostravel {
 

@@ -1,12 +1,6 @@
 // Start-up of the program to its main frame, and the idle frame's resident memory, beside a
 // bare Qt window started the same way. Each measure starts a fresh process of this harness,
 // which shows either the real frame (splash skipped) or an empty window, and reports when shown.
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-#include "app/program_folder.h"
-#include "app/frame/mdiform1_view.h"
-
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -14,10 +8,15 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
-
 #include <algorithm>
 #include <cstdio>
 #include <vector>
+
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/frame/mdiform1_view.h"
+#include "app/program.h"
+#include "app/program_folder.h"
 
 using namespace ostravel;
 
@@ -99,8 +98,8 @@ int main(int argc, char** argv) {
     if (argc == 4 && QByteArray(argv[1]) == "--child")
         return child(argc, argv, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
 
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen")
-                                                                     : qgetenv("QT_QPA_PLATFORM"));
+    qputenv("QT_QPA_PLATFORM",
+            qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen") : qgetenv("QT_QPA_PLATFORM"));
     QCoreApplication app(argc, argv);
     const QString self = QCoreApplication::applicationFilePath();
     QTemporaryDir folder;

@@ -1,13 +1,13 @@
 // selectportfolio over a portfolio of 500 holdings with 20 trades each, beside the floor of
 // reading the same rows, commissions summed, by one plain SQLite query.
-#include "bench/support/bench_folder.h"
-#include "ledger/portfolioexplorer.h"
-#include "store/database.h"
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
 
 #include <QFile>
 
-#include <benchmark/benchmark.h>
-#include <sqlite3.h>
+#include "bench/support/bench_folder.h"
+#include "ledger/portfolioexplorer.h"
+#include "store/database.h"
 
 namespace ostravel {
 namespace {
@@ -28,8 +28,7 @@ void fillLargePortfolio(Database& db) {
                                   "9000.5, 101.25, 98.5, 150000, 120000)")
                        .arg(symbol, kPortfolio)
                        .arg(80 + h % 50));
-        for (int t = 0; t < kTradesPerHolding; ++t)
-            bench::addTrade(db, h, symbol, kPortfolio, {.commission = 8.45});
+        for (int t = 0; t < kTradesPerHolding; ++t) bench::addTrade(db, h, symbol, kPortfolio, {.commission = 8.45});
     }
 }
 

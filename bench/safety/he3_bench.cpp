@@ -1,21 +1,16 @@
 // HE3 packing and unpacking beside zlib's Huffman-only deflate and its inflate, on a 20 MB
 // database and 20 MB of text made from the test data: speeds, sizes against the order-0
 // entropy bound, and the peak memory of a whole file's backup and restore.
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "safety/clshuffman.h"
+#include <malloc.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <zlib.h>
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <sqlite3.h>
-#include <zlib.h>
-
-#include <malloc.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -24,6 +19,10 @@
 #include <cstring>
 #include <functional>
 #include <string>
+
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "safety/clshuffman.h"
 
 namespace {
 
@@ -70,7 +69,8 @@ void makeDatabase(const QString& path, const QString& dataFolder) {
             if (fields.size() != 7)
                 continue;
             sqlite3_bind_text(insert, 1, symbol.constData(), static_cast<int>(symbol.size()), SQLITE_TRANSIENT);
-            sqlite3_bind_text(insert, 2, fields.at(0).constData(), static_cast<int>(fields.at(0).size()), SQLITE_TRANSIENT);
+            sqlite3_bind_text(insert, 2, fields.at(0).constData(), static_cast<int>(fields.at(0).size()),
+                              SQLITE_TRANSIENT);
             for (int f = 1; f < 6; ++f)
                 sqlite3_bind_double(insert, f + 2, std::round(fields.at(f).toDouble() * scale * 100.0) / 100.0);
             sqlite3_bind_int64(insert, 8, fields.at(6).toLongLong());
@@ -86,16 +86,14 @@ void makeDatabase(const QString& path, const QString& dataFolder) {
 QByteArray makeText(const QString& dataFolder) {
     const QByteArray source = readFile(dataFolder + QStringLiteral("/nse-equity-list.csv"));
     QByteArray text;
-    while (text.size() < kTargetSize)
-        text += source;
+    while (text.size() < kTargetSize) text += source;
     text.truncate(kTargetSize);
     return text;
 }
 
 double entropyBoundBytes(const QByteArray& bytes) {
     std::array<double, 256> counts{};
-    for (const char c : bytes)
-        counts[static_cast<unsigned char>(c)] += 1;
+    for (const char c : bytes) counts[static_cast<unsigned char>(c)] += 1;
     const double total = static_cast<double>(bytes.size());
     double bits = 0;
     for (const double n : counts)
@@ -195,9 +193,19 @@ bool measure(const char* name, const QString& plainPath, const QTemporaryDir& wo
     ostravel::clsHuffman huffman;
 
     QByteArray bytes;
-    const double pack = bestTime([&] { bytes = plain; bytes.detach(); }, [&] { huffman.EncodeByte(bytes, bytes.size()); });
+    const double pack = bestTime(
+        [&] {
+            bytes = plain;
+            bytes.detach();
+        },
+        [&] { huffman.EncodeByte(bytes, bytes.size()); });
     const QByteArray he3 = bytes;
-    const double unpack = bestTime([&] { bytes = he3; bytes.detach(); }, [&] { huffman.DecodeByte(bytes, bytes.size()); });
+    const double unpack = bestTime(
+        [&] {
+            bytes = he3;
+            bytes.detach();
+        },
+        [&] { huffman.DecodeByte(bytes, bytes.size()); });
     const bool he3Whole = bytes == plain;
 
     QByteArray deflated;

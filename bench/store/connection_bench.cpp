@@ -1,15 +1,15 @@
 // connection on a grown database (500 holdings, 10,000 trades) beside the bare cost of
 // opening the file and counting the rows of each table with SQLite alone.
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <QFile>
+
 #include "app/base/reporterror.h"
 #include "app/base/scripted_prompt.h"
 #include "bench/support/bench_folder.h"
 #include "store/database.h"
 #include "store/store.h"
-
-#include <benchmark/benchmark.h>
-#include <sqlite3.h>
-
-#include <QFile>
 
 namespace ostravel {
 namespace {
@@ -58,8 +58,8 @@ BENCHMARK(Connection)->Unit(benchmark::kMillisecond);
 // The floor: open the file and count every table's rows, nothing checked or kept open.
 void BareOpenAndCount(benchmark::State& state) {
     const QByteArray path = QFile::encodeName(folder().databasePath());
-    const char* tables[] = {"users", "portfolio", "trades", "equity", "qoutense", "NiftyQuote", "currentprice",
-                            "simulation", "compare", "NiftyQuote", "bank", "\"transaction\""};
+    const char* tables[] = {"users",        "portfolio",  "trades",  "equity",     "qoutense", "NiftyQuote",
+                            "currentprice", "simulation", "compare", "NiftyQuote", "bank",     "\"transaction\""};
     for (auto _ : state) {
         sqlite3* handle = nullptr;
         sqlite3_open_v2(path.constData(), &handle, SQLITE_OPEN_READWRITE, nullptr);

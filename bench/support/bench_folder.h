@@ -2,13 +2,12 @@
 // live database filled once, and the program started on it as often as a benchmark needs.
 #pragma once
 
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
-
 #include <QString>
 #include <QTemporaryDir>
-
 #include <functional>
+
+#include "app/base/scripted_prompt.h"
+#include "app/program.h"
 
 namespace ostravel {
 

@@ -11,9 +11,9 @@
 #include <QVBoxLayout>
 
 #include "app/program.h"
-#include "widgets/flexgrid.h"
 #include "ledger/addremovecash.h"
 #include "widgets/control_binding.h"
+#include "widgets/flexgrid.h"
 
 namespace ostravel {
 

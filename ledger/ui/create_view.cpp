@@ -12,16 +12,16 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "app/base/trap.h"
 #include "app/base/apppath.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
 #include "ledger/create.h"
 #include "ledger/ui/ledger_screen.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 
 namespace ostravel {
 

@@ -16,11 +16,11 @@
 
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "widgets/flexgrid.h"
 #include "ledger/frmportwizard.h"
 #include "ledger/ui/ledger_screen.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
+#include "widgets/flexgrid.h"
 
 namespace ostravel {
 

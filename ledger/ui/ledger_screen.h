@@ -1,5 +1,5 @@
-// What the ledger's wizard screens share on the widget side: the focus that the logic asks for, the company and portfolio lists, and the
-// hidden calendar beside its date button.
+// What the ledger's wizard screens share on the widget side: the focus that the logic asks for, the company and
+// portfolio lists, and the hidden calendar beside its date button.
 #pragma once
 
 #include "app/controls.h"

@@ -13,18 +13,18 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "app/base/trap.h"
 #include "app/base/apppath.h"
 #include "app/base/keyfilters.h"
+#include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "widgets/flexgrid.h"
-#include "widgets/key_filter.h"
-#include "widgets/rich_text_box.h"
 #include "ledger/newholding.h"
 #include "ledger/ui/ledger_screen.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
+#include "widgets/flexgrid.h"
+#include "widgets/key_filter.h"
+#include "widgets/rich_text_box.h"
 
 namespace ostravel {
 

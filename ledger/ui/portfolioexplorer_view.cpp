@@ -1,9 +1,5 @@
 #include "ledger/ui/portfolioexplorer_view.h"
 
-#include "app/program.h"
-#include "widgets/flexgrid.h"
-#include "ledger/portfolioexplorer.h"
-
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,6 +8,10 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include "app/program.h"
+#include "ledger/portfolioexplorer.h"
+#include "widgets/flexgrid.h"
 
 namespace ostravel {
 

@@ -19,11 +19,11 @@
 #include "app/base/trap.h"
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
 #include "ledger/trade.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 
 namespace ostravel {
 

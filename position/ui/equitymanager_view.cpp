@@ -16,8 +16,8 @@
 
 #include "app/base/vbdate.h"
 #include "app/program.h"
-#include "position/equitymanager.h"
 #include "ledger/equitymanager_actions.h"
+#include "position/equitymanager.h"
 #include "widgets/control_binding.h"
 
 namespace ostravel {

@@ -1,8 +1,5 @@
 #include "position/ui/frmmodel_view.h"
 
-#include "app/program.h"
-#include "position/frmmodel.h"
-
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -10,6 +7,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+
+#include "app/program.h"
+#include "position/frmmodel.h"
 
 namespace ostravel {
 

@@ -1,13 +1,5 @@
 #include "position/ui/setting_view.h"
 
-#include "app/base/trap.h"
-#include "app/base/apppath.h"
-#include "app/program.h"
-#include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
-#include "position/setting.h"
-#include "widgets/control_binding.h"
-
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,6 +8,14 @@
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+
+#include "app/base/apppath.h"
+#include "app/base/trap.h"
+#include "app/program.h"
+#include "position/setting.h"
+#include "widgets/control_binding.h"
+#include "widgets/flexgrid.h"
+#include "widgets/rich_text_box.h"
 
 namespace ostravel {
 

@@ -2,11 +2,10 @@
 // with its help text shown below on demand. It mirrors Setting and forwards the buttons.
 #pragma once
 
-#include "app/controls.h"
-
 #include <QDialog>
-
 #include <utility>
+
+#include "app/controls.h"
 
 class QLineEdit;
 class QPushButton;

@@ -1,9 +1,5 @@
 #include "position/ui/websetting_view.h"
 
-#include "app/program.h"
-#include "widgets/control_binding.h"
-#include "position/websetting.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
@@ -15,6 +11,10 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+
+#include "app/program.h"
+#include "position/websetting.h"
+#include "widgets/control_binding.h"
 
 namespace ostravel {
 

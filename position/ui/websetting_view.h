@@ -2,11 +2,10 @@
 // and Apply. It mirrors WebSetting and forwards the buttons; Escape unloads it.
 #pragma once
 
-#include "app/controls.h"
-
 #include <QDialog>
-
 #include <utility>
+
+#include "app/controls.h"
 
 class QCheckBox;
 class QComboBox;

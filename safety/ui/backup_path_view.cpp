@@ -1,12 +1,12 @@
 #include "safety/ui/backup_path_view.h"
 
-#include "safety/backup.h"
-#include "safety/ui/drive_views.h"
-
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include "safety/backup.h"
+#include "safety/ui/drive_views.h"
 
 namespace ostravel {
 

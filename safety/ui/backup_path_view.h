@@ -2,9 +2,9 @@
 // chosen, with the button that hands it to FRM_BACK_UP. It mirrors SelPath.
 #pragma once
 
-#include "safety/backup_path.h"
-
 #include <QDialog>
+
+#include "safety/backup_path.h"
 
 class QLabel;
 class QPushButton;

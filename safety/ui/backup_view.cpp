@@ -1,9 +1,5 @@
 #include "safety/ui/backup_view.h"
 
-#include "app/program.h"
-#include "safety/ui/backup_path_view.h"
-#include "widgets/close_form.h"
-
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -11,6 +7,10 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+
+#include "app/program.h"
+#include "safety/ui/backup_path_view.h"
+#include "widgets/close_form.h"
 
 namespace ostravel {
 
@@ -67,8 +67,8 @@ void FRM_BACK_UP::refresh() {
     m_Label3->setVisible(m_state.Label3Visible);
     m_ProgressBar1->setValue(m_state.ProgressBar1);
     m_ProgressBar1->setVisible(m_state.ProgressBar1Visible);
-    for (QWidget* control : {static_cast<QWidget*>(m_Text2), static_cast<QWidget*>(m_Command1),
-                             static_cast<QWidget*>(m_but_gen_rpt)})
+    for (QWidget* control :
+         {static_cast<QWidget*>(m_Text2), static_cast<QWidget*>(m_Command1), static_cast<QWidget*>(m_but_gen_rpt)})
         control->setEnabled(!m_state.busy());
 }
 

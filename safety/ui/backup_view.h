@@ -3,9 +3,9 @@
 // mirrors BackUp and forwards the user's actions to it.
 #pragma once
 
-#include "safety/backup.h"
-
 #include <QWidget>
+
+#include "safety/backup.h"
 
 class QLabel;
 class QLineEdit;

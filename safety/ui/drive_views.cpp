@@ -1,10 +1,10 @@
 #include "safety/ui/drive_views.h"
 
-#include "safety/backup_drives.h"
-
 #include <QFileSystemModel>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+
+#include "safety/backup_drives.h"
 
 namespace ostravel {
 
@@ -18,8 +18,7 @@ void DriveList::showDrive(const QString& drive) {
     if (!drives.contains(drive))
         drives << drive;
     QStringList shown;
-    for (int i = 0; i < count(); ++i)
-        shown << itemText(i);
+    for (int i = 0; i < count(); ++i) shown << itemText(i);
     if (shown != drives) {
         clear();
         addItems(drives);
@@ -31,8 +30,7 @@ FolderTree::FolderTree(QWidget* parent) : QTreeView(parent), m_model(new QFileSy
     m_model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
     m_model->setReadOnly(true);
     setModel(m_model);
-    for (int column = 1; column < m_model->columnCount(); ++column)
-        hideColumn(column);
+    for (int column = 1; column < m_model->columnCount(); ++column) hideColumn(column);
     setHeaderHidden(true);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& current) {
         if (!m_mirroring && current.isValid())

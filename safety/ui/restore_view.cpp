@@ -1,13 +1,13 @@
 #include "safety/ui/restore_view.h"
 
-#include "widgets/close_form.h"
-#include "safety/ui/drive_views.h"
-
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+
+#include "safety/ui/drive_views.h"
+#include "widgets/close_form.h"
 
 namespace ostravel {
 

@@ -3,9 +3,9 @@
 // Restore and forwards the user's actions to it.
 #pragma once
 
-#include "safety/restore.h"
-
 #include <QWidget>
+
+#include "safety/restore.h"
 
 class QLabel;
 class QProgressBar;

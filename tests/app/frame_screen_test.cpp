@@ -1,9 +1,3 @@
-#include "app/menu_tree.h"
-#include "app/frame/mdiform1_view.h"
-#include "app/frame/quick_view.h"
-#include "app/frame/splash_view.h"
-#include "tests/support/program_screen_test.h"
-
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -17,6 +11,12 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QToolBar>
+
+#include "app/frame/mdiform1_view.h"
+#include "app/frame/quick_view.h"
+#include "app/frame/splash_view.h"
+#include "app/menu_tree.h"
+#include "tests/support/program_screen_test.h"
 
 using namespace ostravel;
 
@@ -34,15 +34,13 @@ private Q_SLOTS:
         QCOMPARE(portfolio->currentText(), QStringLiteral("Simulation"));
         QCOMPARE(frame.windowTitle(), m_program->frame().caption);
 
-        const QStringList order = {QStringLiteral("Command3"),         QStringLiteral("cmbportfolio"),
-                                   QStringLiteral("Cmbequityname"),    QStringLiteral("cmbequity"),
-                                   QStringLiteral("Command1"),         QStringLiteral("cmdupdatehistory"),
-                                   QStringLiteral("cdmrunsimulation"), QStringLiteral("cmdonlinestatus"),
-                                   QStringLiteral("cmdticker")};
+        const QStringList order = {
+            QStringLiteral("Command3"),         QStringLiteral("cmbportfolio"),    QStringLiteral("Cmbequityname"),
+            QStringLiteral("cmbequity"),        QStringLiteral("Command1"),        QStringLiteral("cmdupdatehistory"),
+            QStringLiteral("cdmrunsimulation"), QStringLiteral("cmdonlinestatus"), QStringLiteral("cmdticker")};
         auto* coolbar = frame.findChild<QToolBar*>(QStringLiteral("coolbar1"));
         QStringList shown;
-        for (QAction* a : coolbar->actions())
-            shown << coolbar->widgetForAction(a)->objectName();
+        for (QAction* a : coolbar->actions()) shown << coolbar->widgetForAction(a)->objectName();
         QCOMPARE(shown, order);
         QCOMPARE(frame.findChild<QComboBox*>(QStringLiteral("cmbequity"))->toolTip(),
                  QStringLiteral("Write the correct code if you know the code eg.  hindpetro.ns"));
@@ -52,8 +50,7 @@ private Q_SLOTS:
     void menuHoldsTheWholeTreeWithUnbuiltScreensDisabled() {
         MDIForm1View frame(*m_program);
         QStringList tops;
-        for (QAction* a : frame.menuBar()->actions())
-            tops << a->text();
+        for (QAction* a : frame.menuBar()->actions()) tops << a->text();
         QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Portfolio"), QStringLiteral("&Equity"),
                                     QStringLiteral("Technical Analysis"), QStringLiteral("T&ools"),
                                     QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
@@ -101,8 +98,7 @@ private Q_SLOTS:
         frame.action(QStringLiteral("mnucalc"))->trigger();
         frame.action(QStringLiteral("mnykbhelp"))->trigger();
         QStringList names;
-        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
-            names << sub->widget()->objectName();
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) names << sub->widget()->objectName();
         QCOMPARE(names, (QStringList{QStringLiteral("calc"), QStringLiteral("FRM_KEYBOARD_HELP")}));
         QCOMPARE(frame.mdiArea()->subWindowList().front()->pos(), QPoint(0, 0));
     }

@@ -1,11 +1,11 @@
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
 #include "app/base/apppath.h"
 #include "app/single_instance.h"
 #include "tests/support/program_test.h"
 #include "tests/support/store_rows.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace ostravel {
 namespace {
@@ -15,7 +15,8 @@ protected:
     Store& store() { return m_program.store(); }
     MainFrame& frame() { return m_program.frame(); }
     int count(const QString& table) {
-        return int(store().database().openRecordset(QStringLiteral("select count(*) from ") + table)->field(0).toLong());
+        return int(
+            store().database().openRecordset(QStringLiteral("select count(*) from ") + table)->field(0).toLong());
     }
     void addPortfolio(const QString& name) {
         test::addPortfolio(store().database(), name, QStringLiteral("2020-01-01"));
@@ -45,7 +46,8 @@ TEST_F(MainFrameTest, PortfoliosFollowSimulationInTableOrder) {
 }
 
 TEST_F(MainFrameTest, LoadEmptiesTheSimulationTable) {
-    store().database().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values ('2020-01-01', 10, 'X')"));
+    store().database().execute(
+        QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values ('2020-01-01', 10, 'X')"));
     ASSERT_EQ(count(QStringLiteral("simulation")), 1);
     frame().MDIForm_Load();
     EXPECT_EQ(count(QStringLiteral("simulation")), 0);
@@ -117,8 +119,8 @@ TEST_F(MainFrameTest, ExitCompactsThenAsksAndNoReopens) {
         Transaction t(store().database());
         for (int i = 0; i < 3000; ++i)
             store().database().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values "
-                                                "('2020-01-01', %1, 'SOME LONG SYMBOL TEXT TO TAKE ROOM')")
-                                     .arg(i));
+                                                      "('2020-01-01', %1, 'SOME LONG SYMBOL TEXT TO TAKE ROOM')")
+                                           .arg(i));
         t.commit();
     }
     addPortfolio(QStringLiteral("Kept"));

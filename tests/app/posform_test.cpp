@@ -16,8 +16,7 @@ TEST(PosForm, RightOfTheNavigatorOrTheWholeArea) {
         {QRect(0, 0, 200, 650), QSize(1000, 700), QRect(200, 0, 800, 650)},
         {QRect(10, 20, 150, 600), QSize(900, 700), QRect(160, 20, 750, 600)},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(posForm(c.navigator, c.client), c.expected);
+    for (const Case& c : cases) EXPECT_EQ(posForm(c.navigator, c.client), c.expected);
 }
 
 }  // namespace

@@ -1,14 +1,15 @@
-#include "app/base/apppath.h"
 #include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/scripted_prompt.h"
-#include "app/base/vbdate.h"
+
+#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include "app/base/apppath.h"
+#include "app/base/scripted_prompt.h"
+#include "app/base/trap.h"
+#include "app/base/vbdate.h"
 
 namespace ostravel {
 namespace {
@@ -32,8 +33,9 @@ TEST(ComposeErrorText, HoldsEveryPieceInOrder) {
         "while running ostravel.exe v1.00.0 (Build 0)\n"
         "Error = 'Type mismatch'\n"
         " ( Click 'OK' to continue)    ");
-    EXPECT_EQ(composeErrorText({13, QStringLiteral("Type mismatch"), 0}, QStringLiteral("(Form) trade::Sub cmdadd_Click")),
-              expected);
+    EXPECT_EQ(
+        composeErrorText({13, QStringLiteral("Type mismatch"), 0}, QStringLiteral("(Form) trade::Sub cmdadd_Click")),
+        expected);
 }
 
 TEST(ComposeErrorText, AddsTheLineNumberWhenThereIsOne) {

@@ -18,9 +18,15 @@ TEST(RtfReader, ShowsTextAndPassesOverDestinations) {
         {R"({\rtf1 \b Bold\b0  normal})", "font-weight:bold;\">Bold", nullptr},
         {R"({\rtf1 {\i slanted} upright})", "font-style:italic;\">slanted", nullptr},
         {R"({\rtf1 \fs28 Big})", "font-size:14pt", nullptr},
-        {R"({\rtf1 Rs.\'a0100})", "Rs.\xc2\xa0" "100", nullptr},
+        {R"({\rtf1 Rs.\'a0100})",
+         "Rs.\xc2\xa0"
+         "100",
+         nullptr},
         {R"({\rtf1 a\{b\}c\\d})", "a{b}c\\d", nullptr},
-        {R"({\rtf1 \u8377?100})", "\xe2\x82\xb9" "100", "?"},
+        {R"({\rtf1 \u8377?100})",
+         "\xe2\x82\xb9"
+         "100",
+         "?"},
         {R"({\rtf1 {\*\generator Writer;}Text})", "Text", "Writer"},
         {R"({\rtf1 x < y & z})", "x &lt; y &amp; z", nullptr},
         {"not rich text\nsecond", "<p><span style=\"font-size:12pt;\">second", nullptr},

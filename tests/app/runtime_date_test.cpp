@@ -1,14 +1,13 @@
 // Date serials, the run-time date parser's accept and reject lists, and CStr of a date.
+#include <gtest/gtest.h>
+
 #include "app/base/vbdate.h"
 #include "app/base/vberror.h"
-
-#include <gtest/gtest.h>
 
 namespace ostravel {
 namespace {
 
-TEST(DateSerialTest, CountsDaysFrom30Dec1899)
-{
+TEST(DateSerialTest, CountsDaysFrom30Dec1899) {
     EXPECT_EQ(dateSerial(QDate(1899, 12, 30)), 0.0);
     EXPECT_EQ(dateSerial(QDate(1900, 1, 1)), 2.0);
     EXPECT_EQ(dateSerial(QDate(2006, 2, 17)), 38765.0);
@@ -17,8 +16,7 @@ TEST(DateSerialTest, CountsDaysFrom30Dec1899)
     EXPECT_EQ(dateTimeSerial(QDateTime(QDate(1899, 12, 29), QTime(12, 0))), -1.5);
 }
 
-TEST(DateSerialTest, ReadsBackToTheNearestSecond)
-{
+TEST(DateSerialTest, ReadsBackToTheNearestSecond) {
     EXPECT_EQ(serialToDateTime(-1.5), QDateTime(QDate(1899, 12, 29), QTime(12, 0)));
     EXPECT_EQ(serialToDateTime(38765.75), QDateTime(QDate(2006, 2, 17), QTime(18, 0)));
     EXPECT_EQ(serialToDateTime(38765.0 + 86399.6 / 86400), QDateTime(QDate(2006, 2, 18), QTime(0, 0)));
@@ -34,16 +32,14 @@ struct AcceptCase {
 
 class ParseDateAcceptTest : public ::testing::TestWithParam<AcceptCase> {};
 
-TEST_P(ParseDateAcceptTest, ReadsTheDate)
-{
+TEST_P(ParseDateAcceptTest, ReadsTheDate) {
     const std::optional<double> serial = parseDate(QString::fromUtf8(GetParam().text));
     ASSERT_TRUE(serial.has_value()) << GetParam().text;
     EXPECT_EQ(serialToDateTime(*serial), GetParam().expected) << GetParam().text;
     EXPECT_TRUE(isDate(QString::fromUtf8(GetParam().text)));
 }
 
-QDateTime day(int year, int month, int dayOfMonth, QTime time = QTime(0, 0))
-{
+QDateTime day(int year, int month, int dayOfMonth, QTime time = QTime(0, 0)) {
     return {QDate(year, month, dayOfMonth), time};
 }
 
@@ -68,8 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class ParseDateRejectTest : public ::testing::TestWithParam<const char*> {};
 
-TEST_P(ParseDateRejectTest, IsNoDate)
-{
+TEST_P(ParseDateRejectTest, IsNoDate) {
     EXPECT_FALSE(parseDate(QString::fromUtf8(GetParam())).has_value()) << GetParam();
     EXPECT_FALSE(isDate(QString::fromUtf8(GetParam())));
 }
@@ -79,8 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Texts, ParseDateRejectTest,
                                            "17/Foo/2006", "17/Febr/2006", "25:00", "17/02/2006 10:61",
                                            "17/02/2006 13:00 PM", "hello", "17/02-2006", "2006", "17/02/0050"));
 
-TEST(ParseDateTest, TakesTheLeapDay)
-{
+TEST(ParseDateTest, TakesTheLeapDay) {
     EXPECT_EQ(parseDate(QStringLiteral("29/02/2004")), dateSerial(QDate(2004, 2, 29)));
 }
 
@@ -91,19 +85,18 @@ struct ToStringCase {
 
 class DateToStringTest : public ::testing::TestWithParam<ToStringCase> {};
 
-TEST_P(DateToStringTest, WritesDayFirst)
-{
+TEST_P(DateToStringTest, WritesDayFirst) {
     EXPECT_EQ(dateToString(GetParam().serial).toStdString(), GetParam().expected) << GetParam().serial;
 }
 
 INSTANTIATE_TEST_SUITE_P(Serials, DateToStringTest,
-                         ::testing::Values(ToStringCase{38765, "17/02/2006"}, ToStringCase{38765.5, "17/02/2006 12:00:00"},
+                         ::testing::Values(ToStringCase{38765, "17/02/2006"},
+                                           ToStringCase{38765.5, "17/02/2006 12:00:00"},
                                            ToStringCase{36526.75, "01/01/2000 18:00:00"},
                                            ToStringCase{0.25, "06:00:00"}, ToStringCase{0, "00:00:00"},
                                            ToStringCase{1, "31/12/1899"}, ToStringCase{-1.5, "29/12/1899 12:00:00"}));
 
-TEST(NamesTest, AreEnglishAndCountFromSunday)
-{
+TEST(NamesTest, AreEnglishAndCountFromSunday) {
     EXPECT_EQ(monthName(2), QStringLiteral("February"));
     EXPECT_EQ(monthName(9, true), QStringLiteral("Sep"));
     EXPECT_EQ(weekdayName(1), QStringLiteral("Sunday"));
@@ -112,8 +105,7 @@ TEST(NamesTest, AreEnglishAndCountFromSunday)
     EXPECT_THROW(weekdayName(0), VbError);
 }
 
-TEST(ClockTest, TodayIsTheDayOfNow)
-{
+TEST(ClockTest, TodayIsTheDayOfNow) {
     const double before = today();
     const double moment = now();
     EXPECT_GE(moment, before);

@@ -1,9 +1,9 @@
 // Val, the two roundings, Str and CStr, and the integer and single-precision conversions.
+#include <gtest/gtest.h>
+
 #include "app/base/vberror.h"
 #include "app/base/vbmath.h"
 #include "tests/support/raised.h"
-
-#include <gtest/gtest.h>
 
 namespace ostravel {
 namespace {
@@ -17,8 +17,7 @@ struct ValCase {
 
 class ValTest : public ::testing::TestWithParam<ValCase> {};
 
-TEST_P(ValTest, ReadsThePrefix)
-{
+TEST_P(ValTest, ReadsThePrefix) {
     EXPECT_DOUBLE_EQ(Val(QString::fromUtf8(GetParam().text)), GetParam().expected) << GetParam().text;
 }
 
@@ -28,15 +27,13 @@ INSTANTIATE_TEST_SUITE_P(Val, ValTest,
                                            ValCase{"-3.5abc", -3.5}, ValCase{"+7", 7}, ValCase{"- 5", -5},
                                            ValCase{"1,000", 1}, ValCase{"1e3", 1000}, ValCase{"1D2", 100},
                                            ValCase{"1.5e-2", 0.015}, ValCase{"2E", 2}, ValCase{"2E+x", 2},
-                                           ValCase{".", 0}, ValCase{"-", 0}, ValCase{"1e-400", 0},
-                                           ValCase{"&H10", 16}, ValCase{"&hff", 255}, ValCase{"&HFFFF", -1},
-                                           ValCase{"&H8000", -32768}, ValCase{"&H10000", 65536},
-                                           ValCase{"&HFFFFFFFF", -1}, ValCase{"&O17", 15}, ValCase{"&o777", 511},
-                                           ValCase{"&O8", 0}, ValCase{"&Hxyz", 0}, ValCase{"&17", 0},
-                                           ValCase{"-&H10", 0}));
+                                           ValCase{".", 0}, ValCase{"-", 0}, ValCase{"1e-400", 0}, ValCase{"&H10", 16},
+                                           ValCase{"&hff", 255}, ValCase{"&HFFFF", -1}, ValCase{"&H8000", -32768},
+                                           ValCase{"&H10000", 65536}, ValCase{"&HFFFFFFFF", -1}, ValCase{"&O17", 15},
+                                           ValCase{"&o777", 511}, ValCase{"&O8", 0}, ValCase{"&Hxyz", 0},
+                                           ValCase{"&17", 0}, ValCase{"-&H10", 0}));
 
-TEST(ValTest, NumbersTooLargeOverflow)
-{
+TEST(ValTest, NumbersTooLargeOverflow) {
     EXPECT_EQ(errorOf([] { Val(QStringLiteral("1e400")); }), err::Overflow);
     EXPECT_EQ(errorOf([] { Val(QStringLiteral("&H100000000")); }), err::Overflow);
 }
@@ -49,8 +46,7 @@ struct ParseCase {
 
 class ParseNumberTest : public ::testing::TestWithParam<ParseCase> {};
 
-TEST_P(ParseNumberTest, AcceptsOnlyWholeNumbers)
-{
+TEST_P(ParseNumberTest, AcceptsOnlyWholeNumbers) {
     const std::optional<double> number = parseNumber(QString::fromUtf8(GetParam().text));
     ASSERT_EQ(number.has_value(), GetParam().isNumber) << GetParam().text;
     if (number) {
@@ -75,34 +71,31 @@ struct RoundCase {
 
 class RoundTest : public ::testing::TestWithParam<RoundCase> {};
 
-TEST_P(RoundTest, TiesGoToEvenOrAway)
-{
+TEST_P(RoundTest, TiesGoToEvenOrAway) {
     const RoundCase& c = GetParam();
     EXPECT_DOUBLE_EQ(Round(c.value, c.digits), c.toEven) << c.value << " to " << c.digits;
     EXPECT_DOUBLE_EQ(roundHalfAway(c.value, c.digits), c.awayFromZero) << c.value << " to " << c.digits;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Ties, RoundTest,
-    ::testing::Values(RoundCase{0.5, 0, 0, 1}, RoundCase{1.5, 0, 2, 2}, RoundCase{2.5, 0, 2, 3},
-                      RoundCase{-2.5, 0, -2, -3}, RoundCase{-0.5, 0, 0, -1}, RoundCase{2.4, 0, 2, 2},
-                      RoundCase{2.6, 0, 3, 3}, RoundCase{-0.4, 0, 0, 0}, RoundCase{2.675, 2, 2.68, 2.68},
-                      RoundCase{2.665, 2, 2.66, 2.67}, RoundCase{0.125, 2, 0.12, 0.13},
-                      RoundCase{1.005, 2, 1.0, 1.01}, RoundCase{9.995, 2, 10, 10}, RoundCase{9.985, 2, 9.98, 9.99},
-                      RoundCase{1234.5678, 2, 1234.57, 1234.57}, RoundCase{0.0004, 3, 0, 0},
-                      RoundCase{0.0005, 3, 0, 0.001}, RoundCase{12.5, 0, 12, 13},
-                      RoundCase{98765.5, 0, 98766, 98766}));
+INSTANTIATE_TEST_SUITE_P(Ties, RoundTest,
+                         ::testing::Values(RoundCase{0.5, 0, 0, 1}, RoundCase{1.5, 0, 2, 2}, RoundCase{2.5, 0, 2, 3},
+                                           RoundCase{-2.5, 0, -2, -3}, RoundCase{-0.5, 0, 0, -1},
+                                           RoundCase{2.4, 0, 2, 2}, RoundCase{2.6, 0, 3, 3}, RoundCase{-0.4, 0, 0, 0},
+                                           RoundCase{2.675, 2, 2.68, 2.68}, RoundCase{2.665, 2, 2.66, 2.67},
+                                           RoundCase{0.125, 2, 0.12, 0.13}, RoundCase{1.005, 2, 1.0, 1.01},
+                                           RoundCase{9.995, 2, 10, 10}, RoundCase{9.985, 2, 9.98, 9.99},
+                                           RoundCase{1234.5678, 2, 1234.57, 1234.57}, RoundCase{0.0004, 3, 0, 0},
+                                           RoundCase{0.0005, 3, 0, 0.001}, RoundCase{12.5, 0, 12, 13},
+                                           RoundCase{98765.5, 0, 98766, 98766}));
 
-TEST(RoundTest, LeavesValuesWithNothingToRound)
-{
+TEST(RoundTest, LeavesValuesWithNothingToRound) {
     const double sum = 0.1 + 0.2;
     EXPECT_EQ(Round(sum, 17), sum);
     EXPECT_EQ(Round(1e20 + 0.5), 1e20);
     EXPECT_DOUBLE_EQ(Round(sum, 2), 0.3);
 }
 
-TEST(RoundTest, NegativeDigitsAreAnInvalidCall)
-{
+TEST(RoundTest, NegativeDigitsAreAnInvalidCall) {
     EXPECT_EQ(errorOf([] { Round(1.5, -1); }), err::InvalidProcedureCall);
 }
 
@@ -115,8 +108,7 @@ struct FixedCase {
 
 class FixedDecimalTextTest : public ::testing::TestWithParam<FixedCase> {};
 
-TEST_P(FixedDecimalTextTest, WritesPlainDigits)
-{
+TEST_P(FixedDecimalTextTest, WritesPlainDigits) {
     const FixedCase& c = GetParam();
     EXPECT_EQ(fixedDecimalText(c.value, c.decimals, c.tie).toStdString(), c.expected) << c.value;
 }
@@ -126,8 +118,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(FixedCase{1234.5, 2, Tie::AwayFromZero, "1234.50"}, FixedCase{0, 2, Tie::ToEven, "0.00"},
                       FixedCase{-0.001, 2, Tie::AwayFromZero, "0.00"}, FixedCase{-2.5, 0, Tie::AwayFromZero, "-3"},
                       FixedCase{-2.5, 0, Tie::ToEven, "-2"}, FixedCase{99.96, 1, Tie::ToEven, "100.0"},
-                      FixedCase{0.0625, 3, Tie::ToEven, "0.062"}, FixedCase{1e20, 0, Tie::ToEven,
-                                                                             "100000000000000000000"},
+                      FixedCase{0.0625, 3, Tie::ToEven, "0.062"},
+                      FixedCase{1e20, 0, Tie::ToEven, "100000000000000000000"},
                       FixedCase{0.1, 20, Tie::ToEven, "0.10000000000000000000"}));
 
 struct TextCase {
@@ -138,8 +130,7 @@ struct TextCase {
 
 class NumberTextTest : public ::testing::TestWithParam<TextCase> {};
 
-TEST_P(NumberTextTest, StrHasTheBlankAndCStrTheZero)
-{
+TEST_P(NumberTextTest, StrHasTheBlankAndCStrTheZero) {
     const TextCase& c = GetParam();
     EXPECT_EQ(Str(c.value).toStdString(), c.str) << c.value;
     EXPECT_EQ(numberToText(c.value).toStdString(), c.cstr) << c.value;
@@ -165,8 +156,7 @@ struct IntegerCase {
 
 class ToIntegerTest : public ::testing::TestWithParam<IntegerCase> {};
 
-TEST_P(ToIntegerTest, RoundsToEvenWithin16Bits)
-{
+TEST_P(ToIntegerTest, RoundsToEvenWithin16Bits) {
     const IntegerCase& c = GetParam();
     if (c.overflow) {
         EXPECT_EQ(errorOf([&] { toInteger(c.value); }), err::Overflow) << c.value;
@@ -175,15 +165,14 @@ TEST_P(ToIntegerTest, RoundsToEvenWithin16Bits)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    CInt, ToIntegerTest,
-    ::testing::Values(IntegerCase{2.5, 2, false}, IntegerCase{3.5, 4, false}, IntegerCase{-2.5, -2, false},
-                      IntegerCase{2.51, 3, false}, IntegerCase{32767, 32767, false},
-                      IntegerCase{-32768, -32768, false}, IntegerCase{32767.4, 32767, false},
-                      IntegerCase{32767.5, 0, true}, IntegerCase{-32768.6, 0, true}, IntegerCase{1e10, 0, true}));
+INSTANTIATE_TEST_SUITE_P(CInt, ToIntegerTest,
+                         ::testing::Values(IntegerCase{2.5, 2, false}, IntegerCase{3.5, 4, false},
+                                           IntegerCase{-2.5, -2, false}, IntegerCase{2.51, 3, false},
+                                           IntegerCase{32767, 32767, false}, IntegerCase{-32768, -32768, false},
+                                           IntegerCase{32767.4, 32767, false}, IntegerCase{32767.5, 0, true},
+                                           IntegerCase{-32768.6, 0, true}, IntegerCase{1e10, 0, true}));
 
-TEST(ToLongIntegerTest, RoundsToEvenWithin32Bits)
-{
+TEST(ToLongIntegerTest, RoundsToEvenWithin32Bits) {
     EXPECT_EQ(toLongInteger(4.5), 4);
     EXPECT_EQ(toLongInteger(-5.5), -6);
     EXPECT_EQ(toLongInteger(2147483647.4), 2147483647);
@@ -193,8 +182,7 @@ TEST(ToLongIntegerTest, RoundsToEvenWithin32Bits)
     EXPECT_EQ(errorOf([] { toLongInteger(3e12); }), err::Overflow);
 }
 
-TEST(SingleTest, KeepsTheRoundingOfA32BitFloat)
-{
+TEST(SingleTest, KeepsTheRoundingOfA32BitFloat) {
     EXPECT_NE(single(0.1), 0.1);
     EXPECT_EQ(single(0.1), static_cast<double>(0.1f));
     EXPECT_EQ(single(0.5), 0.5);

@@ -1,10 +1,10 @@
 // ostravel-cli as a script sees it: its output lines and exit codes.
+#include <gtest/gtest.h>
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,7 +1,8 @@
-#include "app/base/vberror.h"
 #include "app/gridformat.h"
 
 #include <gtest/gtest.h>
+
+#include "app/base/vberror.h"
 
 namespace ostravel {
 namespace {

@@ -12,8 +12,8 @@
 #include <QTextBrowser>
 
 #include "app/base/vbdate.h"
-#include "app/screens.h"
 #include "app/frame/mdiform1_view.h"
+#include "app/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/ui/create_view.h"
 #include "ledger/ui/frmnewsymbol_view.h"

@@ -1,10 +1,3 @@
-#include "app/frame/mdiform1_view.h"
-#include "ledger/portfolioexplorer.h"
-#include "ledger/ui/portfolioexplorer_view.h"
-#include "tests/ledger/holdings.h"
-#include "tests/support/modal_dialog.h"
-#include "tests/support/program_screen_test.h"
-
 #include <QAction>
 #include <QComboBox>
 #include <QHeaderView>
@@ -15,6 +8,13 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+
+#include "app/frame/mdiform1_view.h"
+#include "ledger/portfolioexplorer.h"
+#include "ledger/ui/portfolioexplorer_view.h"
+#include "tests/ledger/holdings.h"
+#include "tests/support/modal_dialog.h"
+#include "tests/support/program_screen_test.h"
 
 using namespace ostravel;
 

@@ -1,5 +1,6 @@
-#include "app/screens.h"
 #include "ledger/portfolioexplorer.h"
+
+#include "app/screens.h"
 #include "position/equitymanager.h"
 #include "tests/ledger/holdings.h"
 #include "tests/support/program_test.h"

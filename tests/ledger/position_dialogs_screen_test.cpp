@@ -1,12 +1,3 @@
-#include "position/frmmodel.h"
-#include "position/setting.h"
-#include "position/ui/frmmodel_view.h"
-#include "position/ui/setting_view.h"
-#include "position/ui/websetting_view.h"
-#include "tests/ledger/holdings.h"
-#include "tests/support/program_screen_test.h"
-#include "tests/support/selection.h"
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -17,6 +8,15 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTextBrowser>
+
+#include "position/frmmodel.h"
+#include "position/setting.h"
+#include "position/ui/frmmodel_view.h"
+#include "position/ui/setting_view.h"
+#include "position/ui/websetting_view.h"
+#include "tests/ledger/holdings.h"
+#include "tests/support/program_screen_test.h"
+#include "tests/support/selection.h"
 
 using namespace ostravel;
 

@@ -1,8 +1,9 @@
-#include "app/base/vberror.h"
-#include "app/base/vbmath.h"
 #include "ledger/textarithmetic.h"
 
 #include <gtest/gtest.h>
+
+#include "app/base/vberror.h"
+#include "app/base/vbmath.h"
 
 namespace ostravel {
 namespace {

@@ -67,11 +67,31 @@ const RefusalCase kRefusals[] = {
     {"ZeroPrice", false, true, "5", "0", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
     {"ZeroShares", false, true, "0", "100", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "0"},
     {"ZeroCommission", false, true, "5", "100", "0.00", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
-    {"SettingSellWithoutTrades", true, false, "5", "100", "1", 1, {}, {Trade::kNothingToSell}, Icon::Information,
-     "cmbmethod", "5"},
+    {"SettingSellWithoutTrades",
+     true,
+     false,
+     "5",
+     "100",
+     "1",
+     1,
+     {},
+     {Trade::kNothingToSell},
+     Icon::Information,
+     "cmbmethod",
+     "5"},
     {"BuyBeyondCashDeclined", false, true, "50", "100", "1", 0, {Answer::No}, {kLessCash}, Icon::None, "txtshare", ""},
-    {"SellBeyondShares", false, true, "20", "100", "1", 1, {}, {QStringLiteral("You Do not have 20 Shares To sell")},
-     Icon::Critical, "txtshare", ""},
+    {"SellBeyondShares",
+     false,
+     true,
+     "20",
+     "100",
+     "1",
+     1,
+     {},
+     {QStringLiteral("You Do not have 20 Shares To sell")},
+     Icon::Critical,
+     "txtshare",
+     ""},
 };
 
 class TradeRefusalTest : public TradeScreenLogicTest, public ::testing::WithParamInterface<RefusalCase> {};
@@ -306,9 +326,9 @@ INSTANTIATE_TEST_SUITE_P(Fees, CommissionTest,
 TEST_F(TradeScreenLogicTest, RowClickFillsTheBoxesAndEnablesDelete) {
     openHolding();
     trade().MSFlexGrid1_Click(1, 4);
-    EXPECT_EQ((QStringList{trade().cmddate.caption, trade().txtprice.text, trade().txtshare.text,
-                           trade().txtcommision.text}),
-              (QStringList{"03/01/2024", "100", "10", "12.5"}));
+    EXPECT_EQ(
+        (QStringList{trade().cmddate.caption, trade().txtprice.text, trade().txtshare.text, trade().txtcommision.text}),
+        (QStringList{"03/01/2024", "100", "10", "12.5"}));
     EXPECT_TRUE(trade().cmddelete.enabled);
 }
 

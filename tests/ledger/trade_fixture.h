@@ -2,9 +2,9 @@
 // trades written straight into the store, and the ledger columns of a holding read back.
 #pragma once
 
-#include "tests/support/program_test.h"
-
 #include <optional>
+
+#include "tests/support/program_test.h"
 
 namespace ostravel {
 

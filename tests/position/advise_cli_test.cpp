@@ -28,13 +28,21 @@ TEST_F(AdviseCliTest, PrintsTheStoredAdvice) {
         QString out;
         QString err;
     } cases[] = {
-        {{"advise", "--portfolio", "Growth", "--symbol", "INFY.NS"}, 0,
-         "verdict=HOLD\nnextsellprice=122.22\nnextsellshares=8\nnextbuyprice=81.82\nnextbuyshares=12\n", ""},
-        {{"advise", "--portfolio", "Growth", "--symbol", "INFY", "--price", "75"}, 0,
-         "verdict=BUY\nnextsellprice=122.22\nnextsellshares=8\nnextbuyprice=75\nnextbuyshares=23\n", ""},
-        {{"advise", "--portfolio", "Value", "--symbol", "INFY.NS"}, 1, "",
+        {{"advise", "--portfolio", "Growth", "--symbol", "INFY.NS"},
+         0,
+         "verdict=HOLD\nnextsellprice=122.22\nnextsellshares=8\nnextbuyprice=81.82\nnextbuyshares=12\n",
+         ""},
+        {{"advise", "--portfolio", "Growth", "--symbol", "INFY", "--price", "75"},
+         0,
+         "verdict=BUY\nnextsellprice=122.22\nnextsellshares=8\nnextbuyprice=75\nnextbuyshares=23\n",
+         ""},
+        {{"advise", "--portfolio", "Value", "--symbol", "INFY.NS"},
+         1,
+         "",
          "Please select the stock available in your portfolio \n"},
-        {{"advise", "--symbol", "INFY.NS"}, 2, "",
+        {{"advise", "--symbol", "INFY.NS"},
+         2,
+         "",
          "usage: ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n"},
     };
     for (const auto& c : cases) {

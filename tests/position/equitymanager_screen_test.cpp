@@ -10,9 +10,9 @@
 #include <memory>
 
 #include "app/base/vbdate.h"
+#include "app/frame/mdiform1_view.h"
 #include "app/program_folder.h"
 #include "app/screens.h"
-#include "app/frame/mdiform1_view.h"
 #include "position/equitymanager.h"
 #include "position/ui/equitymanager_view.h"
 #include "store/database.h"
@@ -47,14 +47,15 @@ private Q_SLOTS:
     // Group boxes by their title, buttons by their caption, boxes by their tip; then the labels.
     void captionsTipsAndWords() {
         equitymanager screen(*m_program);
-        const QStringList controls = QStringLiteral(
-            "Frame2_1=Current Position Summary|Frame2_0=Position Management Setting|Frame3=Current Trade Advise|"
-            "Frame5=Trade History|Command6=Save Setting|cmdaddtrade=Add Trade|Command5=Recalculate|"
-            "cmdwhatif=What if|Command3=Run Simulation|txtmstradebuy=Set Minimum Share to Buy|"
-            "txtmstradesell=Set Minimum Share to Sell|txtbuyres=Buy safe Margin|txtsellres=Sell safe Margin|"
-            "txtfeebuy=Enter The  Buy Broker Commission in %|txtfeesell=Enter The Sell Broker Commission in %|"
-            "txtmtbuy=Set Minimum buy Trade amount|txtmtsell=Set Minimum Sell Trade amount")
-                                         .split(QLatin1Char('|'));
+        const QStringList controls =
+            QStringLiteral(
+                "Frame2_1=Current Position Summary|Frame2_0=Position Management Setting|Frame3=Current Trade Advise|"
+                "Frame5=Trade History|Command6=Save Setting|cmdaddtrade=Add Trade|Command5=Recalculate|"
+                "cmdwhatif=What if|Command3=Run Simulation|txtmstradebuy=Set Minimum Share to Buy|"
+                "txtmstradesell=Set Minimum Share to Sell|txtbuyres=Buy safe Margin|txtsellres=Sell safe Margin|"
+                "txtfeebuy=Enter The  Buy Broker Commission in %|txtfeesell=Enter The Sell Broker Commission in %|"
+                "txtmtbuy=Set Minimum buy Trade amount|txtmtsell=Set Minimum Sell Trade amount")
+                .split(QLatin1Char('|'));
         for (const QString& entry : controls) {
             const QString name = entry.section(QLatin1Char('='), 0, 0);
             const QString text = entry.section(QLatin1Char('='), 1);
@@ -69,14 +70,15 @@ private Q_SLOTS:
         }
         QStringList words;
         for (const QLabel* label : screen.findChildren<QLabel*>()) words << label->text();
-        const QStringList expected = QStringLiteral(
-            "% Increase in cash|% Increase in stock value|Percentage of cash at risk|Min Trade Amount|"
-            "Min. Share to Trade|Broker Commission (%)|Resistance(Default 10%)|Beginning Cash|RECOMMENDATION :|"
-            "Recommended Trade|Next Sell Price|Next Buy Price|Next Sell Qty|Next Buy Qty|For Rs.|Share@ Rs.|"
-            "Next Sell|Next Buy|Sell advise:|Buy advise:|Select Begin Date|Select End date|"
-            "Select Daily/Weekly/Monthly|Ostravel Result|Profit in Rs: |Profit % :|Buy  & Hold Result|"
-            "Profit In Rs :|Buy & Hold %:")
-                                         .split(QLatin1Char('|'));
+        const QStringList expected =
+            QStringLiteral(
+                "% Increase in cash|% Increase in stock value|Percentage of cash at risk|Min Trade Amount|"
+                "Min. Share to Trade|Broker Commission (%)|Resistance(Default 10%)|Beginning Cash|RECOMMENDATION :|"
+                "Recommended Trade|Next Sell Price|Next Buy Price|Next Sell Qty|Next Buy Qty|For Rs.|Share@ Rs.|"
+                "Next Sell|Next Buy|Sell advise:|Buy advise:|Select Begin Date|Select End date|"
+                "Select Daily/Weekly/Monthly|Ostravel Result|Profit in Rs: |Profit % :|Buy  & Hold Result|"
+                "Profit In Rs :|Buy & Hold %:")
+                .split(QLatin1Char('|'));
         for (const QString& word : expected) QVERIFY2(words.contains(word), qPrintable(word));
         QCOMPARE(screen.windowTitle(), QStringLiteral("Equity Manager"));
         // The simulation's button waits, and the advice's figures show only after an advice.

@@ -1,9 +1,9 @@
 // A fresh program folder with its database, and the rows the position tests need.
 #pragma once
 
-#include "tests/support/program_test.h"
-
 #include <optional>
+
+#include "tests/support/program_test.h"
 
 namespace ostravel {
 

@@ -72,7 +72,7 @@ TEST_F(SettingsTest, SettingOkWritesTheRuleForAllAndTheCashForTheHolding) {
     EXPECT_EQ(errorPlaces(), QStringList{QStringLiteral("(Form) setting::Sub cmdOK_Click")});
     EXPECT_EQ(
         usersColumns({"MinTradeSell", "MinTradeBuy", "MinTradeBuySh", "MinTradeSellSh", "ResistBuy", "ResistSell"}),
-              (QVariantList{1500.0, 1000.0, 3.0, 4.0, 12.0, 8.0}));
+        (QVariantList{1500.0, 1000.0, 3.0, 4.0, 12.0, 8.0}));
     EXPECT_EQ(stored(row, QStringLiteral("CurrentCash")), QStringLiteral("7000"));
     EXPECT_EQ(stored(row, QStringLiteral("OriginalCash")), QStringLiteral("7000"));
     EXPECT_EQ(refilled, 1);
@@ -242,9 +242,9 @@ TEST_F(SettingsTest, EquityManagerShowsTheHoldingsPosition) {
     select(row);
     goequitymanager(m_program);
     const EquityManager& em = m_program.module<EquityManager>();
-    const QStringList shown{em.txtbegprice.text,  em.txtbegshare.text,       em.txtbegstockvalue.text,
-                            em.txtbegtotal.text,  em.txtcurrprice.text,      em.txtcurrstockvalue.text,
-                            em.txtcurrtotal.text, em.txtcashper.text,        em.txtsvper.text,
+    const QStringList shown{em.txtbegprice.text,  em.txtbegshare.text,  em.txtbegstockvalue.text,
+                            em.txtbegtotal.text,  em.txtcurrprice.text, em.txtcurrstockvalue.text,
+                            em.txtcurrtotal.text, em.txtcashper.text,   em.txtsvper.text,
                             em.txtcashrisk.text};
     EXPECT_EQ(shown, (QStringList{"100", "100", "10,000", "14,000", "120", "12000", "17000", "25%", "20%", "70.59%"}));
     EXPECT_EQ(em.txtcashper.foreColour, kGreen);

@@ -1,7 +1,7 @@
 #include "position/advice.h"
 #include "position/equitymanager.h"
-#include "position_fixture.h"
 #include "position/pcaresult.h"
+#include "position_fixture.h"
 
 namespace ostravel {
 namespace {

@@ -1,9 +1,13 @@
 // Backup and restore as the screens run them: a backup restored in a fresh program folder gives
 // back every row, and a file that is no backup of this program is refused, with the live
 // database and the open store left as they were.
-#include "tests/safety/backup_test_support.h"
-#include "tests/safety/he3_test_support.h"
-#include "tests/store/storetestsupport.h"
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <functional>
+#include <optional>
 
 #include "safety/backup.h"
 #include "safety/backup_drives.h"
@@ -12,15 +16,9 @@
 #include "safety/restore_database.h"
 #include "store/sqliteconnection.h"
 #include "store/store.h"
-
-#include <sqlite3.h>
-
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <functional>
-#include <optional>
+#include "tests/safety/backup_test_support.h"
+#include "tests/safety/he3_test_support.h"
+#include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
 namespace {
@@ -44,10 +42,12 @@ protected:
         Database& db = m_source->program->store().database();
         addSampleData(db);
         db.execute(QStringLiteral("update users set FirstName = 'Asha', BuyFee = 0.5"));
-        db.execute(QStringLiteral("insert into compare (date, BuyHoldValue, ControlValue, EquitySymbol) "
-                                  "values (#5/2/2006#, 1200, 1450, 'INFY')"));
-        db.execute(QStringLiteral("insert into bank (BankName, AccountNumber, Balance) values ('State Bank', "
-                                  "'0042', 15000.25)"));
+        db.execute(
+            QStringLiteral("insert into compare (date, BuyHoldValue, ControlValue, EquitySymbol) "
+                           "values (#5/2/2006#, 1200, 1450, 'INFY')"));
+        db.execute(
+            QStringLiteral("insert into bank (BankName, AccountNumber, Balance) values ('State Bank', "
+                           "'0042', 15000.25)"));
     }
 
     QString backups() const { return m_root.filePath(QStringLiteral("backups")); }
@@ -153,8 +153,10 @@ TEST_P(BackupBesideAWriter, TakesOnlyCommittedData) {
     sqlite3* writer = nullptr;
     ASSERT_EQ(sqlite3_open_v2(QFile::encodeName(m_source->live()).constData(), &writer, SQLITE_OPEN_READWRITE, nullptr),
               SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(writer, "BEGIN IMMEDIATE; insert into portfolio (PortfolioName) "
-                                   "values ('Pending')", nullptr, nullptr, nullptr),
+    ASSERT_EQ(sqlite3_exec(writer,
+                           "BEGIN IMMEDIATE; insert into portfolio (PortfolioName) "
+                           "values ('Pending')",
+                           nullptr, nullptr, nullptr),
               SQLITE_OK);
     if (GetParam().spilled) {
         ASSERT_EQ(sqlite3_exec(writer, "PRAGMA cache_size=1; update qoutense set name = name || ' (pending)'", nullptr,
@@ -213,7 +215,8 @@ QByteArray withByteChanged(QByteArray bytes, qsizetype at) {
 const QString kUnrecognized = QStringLiteral("Unrecognized database format '%1'. ");
 
 const RefusedCase kRefusedCases[] = {
-    {"gone", [](const QByteArray&) { return std::nullopt; }, kObjectError, QStringLiteral("Source file does not exist")},
+    {"gone", [](const QByteArray&) { return std::nullopt; }, kObjectError,
+     QStringLiteral("Source file does not exist")},
     {"byte_changed_in_the_coded_data", [](const QByteArray& b) { return withByteChanged(b, b.size() / 2); },
      kObjectError, kChecksumError},
     {"byte_changed_in_the_checksum", [](const QByteArray& b) { return withByteChanged(b, 4); }, kObjectError,
@@ -228,7 +231,9 @@ const RefusedCase kRefusedCases[] = {
      [](const QByteArray&) { return packed(QByteArray("PortfolioName,Growth\r\nINFY,1400.5\r\n").repeated(50)); },
      err::NotADatabase, kUnrecognized + QStringLiteral("(the file is not an SQLite database)")},
     {"a_packed_foreign_database",
-     [](const QByteArray&) { return packed(sqliteFile("create table notes (body text); insert into notes values ('x')")); },
+     [](const QByteArray&) {
+         return packed(sqliteFile("create table notes (body text); insert into notes values ('x')"));
+     },
      err::NotADatabase, kUnrecognized + QStringLiteral("(the table 'users' is missing)")},
     {"a_packed_database_short_of_a_column",
      [](const QByteArray& b) {
@@ -243,8 +248,9 @@ const RefusedCase kRefusedCases[] = {
      },
      err::NotADatabase, kUnrecognized + QStringLiteral("(the table 'trades' has no column 'Commission')")},
     {"a_packed_database_cut_short", [](const QByteArray& b) { return packed(unpacked(b).left(3000)); },
-     err::NotADatabase, kUnrecognized + QStringLiteral("(the file is cut short (3000 bytes is no whole number of "
-                                                       "4096-byte pages))")},
+     err::NotADatabase,
+     kUnrecognized + QStringLiteral("(the file is cut short (3000 bytes is no whole number of "
+                                    "4096-byte pages))")},
 };
 
 class RefusedBackup : public BackupRestore, public testing::WithParamInterface<RefusedCase> {};
@@ -261,8 +267,8 @@ TEST_P(RefusedBackup, RaisesTheErrorAndChangesNothing) {
 
     const RestoreRun run = restore(*m_source, backupFile());
 
-    const QString description = QString(GetParam().description).replace(QStringLiteral("%1"),
-                                                                         m_source->file(kRestoredCopy));
+    const QString description =
+        QString(GetParam().description).replace(QStringLiteral("%1"), m_source->file(kRestoredCopy));
     EXPECT_EQ(m_source->prompt.messages(), QStringList{trapText(GetParam().number, description, kRestorePlace)});
     EXPECT_EQ(run.unloads, 1);
     EXPECT_EQ(run.restored, 0);
@@ -277,8 +283,8 @@ INSTANTIATE_TEST_SUITE_P(Files, RefusedBackup, testing::ValuesIn(kRefusedCases),
 TEST_F(BackupRestore, BackupToAMissingFolderIsReportedAndLeavesNothing) {
     m_source->prompt.answer(Answer::OK);
     EXPECT_EQ(backUp(m_root.filePath(QStringLiteral("no/such/folder"))), 1);
-    EXPECT_EQ(m_source->prompt.messages(), QStringList{trapText(err::PathNotFound, QStringLiteral("Path not found"),
-                                                                kBackUpPlace)});
+    EXPECT_EQ(m_source->prompt.messages(),
+              QStringList{trapText(err::PathNotFound, QStringLiteral("Path not found"), kBackUpPlace)});
     EXPECT_EQ(m_source->databaseFiles(), QStringList{QStringLiteral("ostravel.mdb")});
 }
 
@@ -455,8 +461,7 @@ TEST(BackupDrives, StartDriveComesFirstAndEveryDriveIsAFolder) {
     const QStringList drives = driveList();
     ASSERT_FALSE(drives.isEmpty());
     EXPECT_EQ(drives.front(), kStartDrive);
-    for (const QString& drive : drives)
-        EXPECT_TRUE(QFileInfo(drive).isDir()) << drive.toStdString();
+    for (const QString& drive : drives) EXPECT_TRUE(QFileInfo(drive).isDir()) << drive.toStdString();
     EXPECT_EQ(drives.size(), QSet<QString>(drives.begin(), drives.end()).size());
 }
 

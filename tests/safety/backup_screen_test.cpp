@@ -1,16 +1,6 @@
 // The screens FRM_BACK_UP, frm_sel_path and FRM_RESTORE: captions and controls, the folder
 // chosen in the lists, a backup and a restore driven through the widgets, and the menu items
 // of the main frame that open them.
-#include "tests/safety/backup_test_support.h"
-
-#include "app/frame/mdiform1_view.h"
-#include "safety/backup.h"
-#include "safety/restore.h"
-#include "safety/ui/backup_path_view.h"
-#include "safety/ui/backup_view.h"
-#include "safety/ui/drive_views.h"
-#include "safety/ui/restore_view.h"
-
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -26,6 +16,15 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+#include "app/frame/mdiform1_view.h"
+#include "safety/backup.h"
+#include "safety/restore.h"
+#include "safety/ui/backup_path_view.h"
+#include "safety/ui/backup_view.h"
+#include "safety/ui/drive_views.h"
+#include "safety/ui/restore_view.h"
+#include "tests/safety/backup_test_support.h"
 
 using namespace ostravel;
 using namespace ostravel::test;
@@ -51,8 +50,8 @@ private Q_SLOTS:
         m_root = m_dir->path();
         QVERIFY(QDir(m_root).mkpath(QStringLiteral("backups")));
         m_folder = std::make_unique<ProgramFolder>(path(QStringLiteral("program")));
-        m_folder->program->store().database().execute(
-            QStringLiteral("insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, 'Growth', #1/3/2005#)"));
+        m_folder->program->store().database().execute(QStringLiteral(
+            "insert into portfolio (fkUserID, PortfolioName, PortStartDate) values (1, 'Growth', #1/3/2005#)"));
     }
     void cleanup() {
         m_folder.reset();
@@ -102,8 +101,7 @@ private Q_SLOTS:
         auto* command = screen->findChild<QPushButton*>(button);
         QVERIFY(command);
         QCOMPARE(command->text(), buttonText);
-        for (const QString& control : controls)
-            QVERIFY2(screen->findChild<QWidget*>(control), qPrintable(control));
+        for (const QString& control : controls) QVERIFY2(screen->findChild<QWidget*>(control), qPrintable(control));
         if (showsWork) {
             auto* bar = screen->findChild<QProgressBar*>(QStringLiteral("ProgressBar1"));
             QVERIFY(bar);

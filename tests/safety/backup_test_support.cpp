@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <QFile>
-
 #include <stdexcept>
 
 namespace ostravel::test {

@@ -2,10 +2,10 @@
 // scripted prompt; and the content of a database file read table by table.
 #pragma once
 
-#include "tests/support/program_folder.h"
-
 #include <QString>
 #include <QStringList>
+
+#include "tests/support/program_folder.h"
 
 namespace ostravel::test {
 

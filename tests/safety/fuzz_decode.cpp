@@ -1,11 +1,11 @@
 // libFuzzer target for the unpacker: any bytes either unpack or raise the coder's own error,
 // progress only rises within 0 to 100, and what unpacks packs and unpacks to itself again.
+#include <cstdint>
+#include <cstdlib>
+
 #include "app/base/vberror.h"
 #include "safety/clshuffman.h"
 #include "safety/he3_format.h"
-
-#include <cstdint>
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));

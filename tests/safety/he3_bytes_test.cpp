@@ -1,8 +1,8 @@
 // The HE3 bytes themselves: small inputs worked by hand through the format, the stored
 // variant, and the errors that damaged or foreign data raise.
-#include "tests/safety/he3_test_support.h"
-
 #include <QString>
+
+#include "tests/safety/he3_test_support.h"
 
 namespace ostravel::test {
 namespace {
@@ -15,9 +15,13 @@ struct WorkedCase {
 
 class He3WorkedBytes : public testing::TestWithParam<WorkedCase> {};
 
-TEST_P(He3WorkedBytes, PackAsWorkedByHand) { EXPECT_EQ(packed(GetParam().plain).toHex(' '), GetParam().packed.toHex(' ')); }
+TEST_P(He3WorkedBytes, PackAsWorkedByHand) {
+    EXPECT_EQ(packed(GetParam().plain).toHex(' '), GetParam().packed.toHex(' '));
+}
 
-TEST_P(He3WorkedBytes, UnpackToThePlainData) { EXPECT_EQ(unpacked(GetParam().packed), GetParam().plain); }
+TEST_P(He3WorkedBytes, UnpackToThePlainData) {
+    EXPECT_EQ(unpacked(GetParam().packed), GetParam().plain);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Format, He3WorkedBytes,
@@ -42,8 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(He3Packing, CodesAllByteValuesEquallyFrequentAtTheirFullSize) {
     // Every code comes to 8 bits: the coded size equals the input's, which is not above it.
     QByteArray plain;
-    for (int i = 0; i < 512; ++i)
-        plain.append(static_cast<char>(i % 256));
+    for (int i = 0; i < 512; ++i) plain.append(static_cast<char>(i % 256));
     const QByteArray result = packed(plain);
     ASSERT_EQ(result.left(4), bytesOf({72, 69, 51, 13}));
     EXPECT_EQ(result.size(), 11 + 2 * 256 + 256 + 512 + 1);
@@ -75,7 +78,9 @@ TEST(He3Unpacking, IgnoresBytesBehindThePlainLength) {
 
 class He3Identification : public testing::TestWithParam<QByteArray> {};
 
-TEST_P(He3Identification, RaisesTheIdentificationError) { expectIdentificationError(GetParam()); }
+TEST_P(He3Identification, RaisesTheIdentificationError) {
+    expectIdentificationError(GetParam());
+}
 
 INSTANTIATE_TEST_SUITE_P(Foreign, He3Identification,
                          testing::Values(bytesOf({72, 69, 49, 13, 0x62, 3, 0, 0, 0}),  // "HE1"
@@ -96,9 +101,13 @@ struct DamagedCase {
 
 class He3Damaged : public testing::TestWithParam<DamagedCase> {};
 
-TEST_P(He3Damaged, RaisesTheChecksumError) { expectChecksumError(GetParam().bytes); }
+TEST_P(He3Damaged, RaisesTheChecksumError) {
+    expectChecksumError(GetParam().bytes);
+}
 
-QByteArray packedText() { return packed(QByteArray("the quick brown fox jumps over the lazy dog").repeated(40)); }
+QByteArray packedText() {
+    return packed(QByteArray("the quick brown fox jumps over the lazy dog").repeated(40));
+}
 
 QByteArray withByte(QByteArray bytes, qsizetype at, int value) {
     bytes[at] = static_cast<char>(value);
@@ -107,20 +116,20 @@ QByteArray withByte(QByteArray bytes, qsizetype at, int value) {
 
 INSTANTIATE_TEST_SUITE_P(
     Damage, He3Damaged,
-    testing::Values(DamagedCase{"changed_checksum", withByte(packed("aab"), 4, 0x61)},
-                    // Data bits 1 0 1 read "bab".
-                    DamagedCase{"changed_coded_byte", withByte(packed("aab"), 16, 0x05)},
-                    DamagedCase{"truncated_half", packedText().chopped(packedText().size() / 2)},
-                    DamagedCase{"truncated_last_code", packed("aab").chopped(1)},
-                    DamagedCase{"cut_in_length", bytesOf({72, 69, 51, 13, 0x62, 3, 0})},
-                    DamagedCase{"cut_in_pairs", packed("aab").left(13)},
-                    DamagedCase{"cut_in_codes", packed("abcd").left(19)},
-                    DamagedCase{"negative_length", bytesOf({72, 69, 51, 13, 0, 0, 0, 0, 0x80, 2, 0, 97, 1, 98, 1, 2, 4})},
-                    DamagedCase{"negative_count", bytesOf({72, 69, 51, 13, 0x62, 3, 0, 0, 0, 0xFF, 0xFF, 2, 4})},
-                    // Code "0" alone, and the data's first bit is a 1: it leads off the tree.
-                    DamagedCase{"off_the_tree", bytesOf({72, 69, 51, 13, 97, 1, 0, 0, 0, 1, 0, 97, 1, 0x00, 0x01})},
-                    // More plain bytes than there are coded bits.
-                    DamagedCase{"length_beyond_data", bytesOf({72, 69, 51, 13, 0, 0x11, 0, 0, 0, 2, 0, 97, 1, 98, 1, 2, 4, 0})}),
+    testing::Values(
+        DamagedCase{"changed_checksum", withByte(packed("aab"), 4, 0x61)},
+        // Data bits 1 0 1 read "bab".
+        DamagedCase{"changed_coded_byte", withByte(packed("aab"), 16, 0x05)},
+        DamagedCase{"truncated_half", packedText().chopped(packedText().size() / 2)},
+        DamagedCase{"truncated_last_code", packed("aab").chopped(1)},
+        DamagedCase{"cut_in_length", bytesOf({72, 69, 51, 13, 0x62, 3, 0})},
+        DamagedCase{"cut_in_pairs", packed("aab").left(13)}, DamagedCase{"cut_in_codes", packed("abcd").left(19)},
+        DamagedCase{"negative_length", bytesOf({72, 69, 51, 13, 0, 0, 0, 0, 0x80, 2, 0, 97, 1, 98, 1, 2, 4})},
+        DamagedCase{"negative_count", bytesOf({72, 69, 51, 13, 0x62, 3, 0, 0, 0, 0xFF, 0xFF, 2, 4})},
+        // Code "0" alone, and the data's first bit is a 1: it leads off the tree.
+        DamagedCase{"off_the_tree", bytesOf({72, 69, 51, 13, 97, 1, 0, 0, 0, 1, 0, 97, 1, 0x00, 0x01})},
+        // More plain bytes than there are coded bits.
+        DamagedCase{"length_beyond_data", bytesOf({72, 69, 51, 13, 0, 0x11, 0, 0, 0, 2, 0, 97, 1, 98, 1, 2, 4, 0})}),
     CaseName());
 
 TEST(He3Damage, LeavesTheArrayAsItWas) {

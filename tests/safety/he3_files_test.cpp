@@ -1,16 +1,15 @@
 // The file operations: EncodeFile and DecodeFile with their messages and the live database,
 // and `ostravel-cli he3`, none of which may leave a partial file behind.
-#include "tests/safety/he3_test_support.h"
+#include <unistd.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <cstdio>
 
 #include "app/base/apppath.h"
 #include "app/base/scripted_prompt.h"
 #include "cli/commands.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-
-#include <cstdio>
-#include <unistd.h>
+#include "tests/safety/he3_test_support.h"
 
 namespace ostravel::test {
 namespace {
@@ -105,15 +104,17 @@ TEST_P(He3MissingSource, RaisesSourceFileDoesNotExist) {
     EXPECT_TRUE(entries().isEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Operations, He3MissingSource,
-                         testing::Values(MissingSourceCase{"encode", &clsHuffman::EncodeFile, "clsHuffman.EncodeFile()"},
-                                         MissingSourceCase{"decode", &clsHuffman::DecodeFile, "clsHuffman.DecodeFile()"}),
-                         CaseName());
+INSTANTIATE_TEST_SUITE_P(
+    Operations, He3MissingSource,
+    testing::Values(MissingSourceCase{"encode", &clsHuffman::EncodeFile, "clsHuffman.EncodeFile()"},
+                    MissingSourceCase{"decode", &clsHuffman::DecodeFile, "clsHuffman.DecodeFile()"}),
+    CaseName());
 
 TEST_F(He3Files, UnwritableDestinationRaisesWithoutAMessage) {
     write(file(QStringLiteral("live.mdb")), m_plain);
     const auto error = raised([&] {
-        m_huffman.EncodeFile(file(QStringLiteral("live.mdb")), file(QStringLiteral("no/such/folder/backup.bk")), m_prompt);
+        m_huffman.EncodeFile(file(QStringLiteral("live.mdb")), file(QStringLiteral("no/such/folder/backup.bk")),
+                             m_prompt);
     });
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->number(), err::PathNotFound);
@@ -147,9 +148,11 @@ CliRun runHe3(const QStringList& args) {
 
 TEST_F(He3Files, CliPacksAndUnpacks) {
     write(file(QStringLiteral("plain")), m_plain);
-    EXPECT_EQ(runHe3({QStringLiteral("pack"), file(QStringLiteral("plain")), file(QStringLiteral("packed"))}).exitCode, 0);
+    EXPECT_EQ(runHe3({QStringLiteral("pack"), file(QStringLiteral("plain")), file(QStringLiteral("packed"))}).exitCode,
+              0);
     EXPECT_EQ(read(file(QStringLiteral("packed"))), packed(m_plain));
-    EXPECT_EQ(runHe3({QStringLiteral("unpack"), file(QStringLiteral("packed")), file(QStringLiteral("back"))}).exitCode, 0);
+    EXPECT_EQ(runHe3({QStringLiteral("unpack"), file(QStringLiteral("packed")), file(QStringLiteral("back"))}).exitCode,
+              0);
     EXPECT_EQ(read(file(QStringLiteral("back"))), m_plain);
 }
 

@@ -1,8 +1,8 @@
 // Huffman_Progress: the stage formulas worked by hand for inputs whose sizes put the looks at
 // known positions, each whole percentage given once.
-#include "tests/safety/he3_test_support.h"
-
 #include <vector>
+
+#include "tests/safety/he3_test_support.h"
 
 namespace ostravel::test {
 namespace {
@@ -17,15 +17,13 @@ struct Recorded {
 
 QByteArray alternating(qsizetype size) {
     QByteArray bytes(size, 'a');
-    for (qsizetype i = 1; i < size; i += 2)
-        bytes[i] = 'b';
+    for (qsizetype i = 1; i < size; i += 2) bytes[i] = 'b';
     return bytes;
 }
 
 QByteArray allValuesInTurn(qsizetype size) {
     QByteArray bytes(size, Qt::Uninitialized);
-    for (qsizetype i = 0; i < size; ++i)
-        bytes[i] = static_cast<char>(i % 256);
+    for (qsizetype i = 0; i < size; ++i) bytes[i] = static_cast<char>(i % 256);
     return bytes;
 }
 
@@ -57,11 +55,14 @@ INSTANTIATE_TEST_SUITE_P(
         // checksum at 0, 10000, 20000 gives 7, 8.67, 10.33; coding 12, 41.33, 70.67. The packed
         // form is 3767 bytes, no coded byte at a multiple of 10000, so unpacking looks only
         // while checking: 89, 92.67, 96.33.
-        ProgressCase{"one_bit_codes", alternating(30000), {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 12, 41, 71, 100}, {89, 93, 96, 100}},
+        ProgressCase{
+            "one_bit_codes", alternating(30000), {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 12, 41, 71, 100}, {89, 93, 96, 100}},
         // 25600 bytes of 8-bit codes packed into 26380 bytes: coded bytes 10000 and 20000 give
         // 33.74 and 67.48; checking 89, 93.30, 97.59.
-        ProgressCase{"eight_bit_codes", allValuesInTurn(25600), {0, 1, 2, 3, 4, 5, 6, 7, 9, 11, 12, 46, 81, 100},
-         {34, 67, 89, 93, 98, 100}},
+        ProgressCase{"eight_bit_codes",
+                     allValuesInTurn(25600),
+                     {0, 1, 2, 3, 4, 5, 6, 7, 9, 11, 12, 46, 81, 100},
+                     {34, 67, 89, 93, 98, 100}},
         // Stored forms stop after counting, and are unpacked without a look.
         ProgressCase{"stored_one_value", QByteArray(5000, 'q'), {0, 1, 3, 4, 6}, {}},
         ProgressCase{"stored_empty", QByteArray(), {}, {}}),

@@ -1,14 +1,14 @@
 // Round trips through the packer and unpacker over data of every shape the backup meets, with
 // the coded stream checked against a writer that goes bit by bit.
-#include "tests/safety/he3_test_support.h"
-
-#include <QTemporaryDir>
 #include <sqlite3.h>
 
+#include <QTemporaryDir>
 #include <algorithm>
 #include <functional>
 #include <random>
 #include <vector>
+
+#include "tests/safety/he3_test_support.h"
 
 namespace ostravel::test {
 namespace {
@@ -20,13 +20,11 @@ QByteArray codedDataBitByBit(const QByteArray& packedBytes, const QByteArray& pl
     const auto at = [&](qsizetype i) { return static_cast<unsigned char>(packedBytes.at(i)); };
     const int count = at(9) | (at(10) << 8);
     std::vector<int> lengths(256, 0);
-    for (int i = 0; i < count; ++i)
-        lengths[at(11 + 2 * i)] = at(12 + 2 * i);
+    for (int i = 0; i < count; ++i) lengths[at(11 + 2 * i)] = at(12 + 2 * i);
     qsizetype bit = (11 + 2 * count) * 8;
     std::vector<std::vector<int>> codes(256);
     for (int value = 0; value < 256; ++value)
-        for (int k = 0; k < lengths[value]; ++k, ++bit)
-            codes[value].push_back((at(bit / 8) >> (bit % 8)) & 1);
+        for (int k = 0; k < lengths[value]; ++k, ++bit) codes[value].push_back((at(bit / 8) >> (bit % 8)) & 1);
     QByteArray data;
     int filled = 0;
     char current = 0;
@@ -47,8 +45,7 @@ QByteArray codedDataBitByBit(const QByteArray& packedBytes, const QByteArray& pl
 QByteArray randomBytes(qsizetype size, const std::function<int(std::mt19937&)>& draw) {
     std::mt19937 generator(20240601);
     QByteArray bytes(size, Qt::Uninitialized);
-    for (char& b : bytes)
-        b = static_cast<char>(draw(generator));
+    for (char& b : bytes) b = static_cast<char>(draw(generator));
     return bytes;
 }
 
@@ -90,8 +87,7 @@ QByteArray realDatabase() {
         if (fields.size() != 7)
             continue;
         sqlite3_bind_text(insert, 1, fields.at(0).constData(), static_cast<int>(fields.at(0).size()), SQLITE_TRANSIENT);
-        for (int f = 1; f < 7; ++f)
-            sqlite3_bind_double(insert, f + 1, fields.at(f).toDouble());
+        for (int f = 1; f < 7; ++f) sqlite3_bind_double(insert, f + 1, fields.at(f).toDouble());
         sqlite3_step(insert);
         sqlite3_reset(insert);
     }

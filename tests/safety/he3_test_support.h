@@ -2,23 +2,25 @@
 // the error the coder raised.
 #pragma once
 
-#include "app/base/vberror.h"
-#include "safety/clshuffman.h"
-#include "tests/support/qstring_printer.h"
-#include "tests/support/raised.h"
+#include <gtest/gtest.h>
 
 #include <QByteArray>
 #include <QFile>
 #include <QString>
-#include <gtest/gtest.h>
-
 #include <initializer_list>
 #include <optional>
 #include <ostream>
 #include <string>
 
+#include "app/base/vberror.h"
+#include "safety/clshuffman.h"
+#include "tests/support/qstring_printer.h"
+#include "tests/support/raised.h"
+
 // Bytes in failure messages in hex.
-inline void PrintTo(const QByteArray& bytes, std::ostream* os) { *os << bytes.toHex(' ').toStdString(); }
+inline void PrintTo(const QByteArray& bytes, std::ostream* os) {
+    *os << bytes.toHex(' ').toStdString();
+}
 
 namespace ostravel::test {
 
@@ -32,8 +34,7 @@ struct CaseName {
 
 inline QByteArray bytesOf(std::initializer_list<int> values) {
     QByteArray bytes;
-    for (const int v : values)
-        bytes.append(static_cast<char>(v));
+    for (const int v : values) bytes.append(static_cast<char>(v));
     return bytes;
 }
 

@@ -1,12 +1,13 @@
 // The packer's tree: which node goes left on equal weights decides every code, so each case
 // is worked by hand through the merge order.
 #include "safety/huffman_codes.h"
-#include "tests/safety/he3_test_support.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 #include <string>
+
+#include "tests/safety/he3_test_support.h"
 
 namespace ostravel::he3 {
 namespace {
@@ -14,8 +15,7 @@ namespace {
 // A code as its path from the root, "0" left and "1" right.
 std::string path(const HuffmanCode& code) {
     std::string text;
-    for (int k = 0; k < code.length; ++k)
-        text += ((code.bits >> k) & 1) ? '1' : '0';
+    for (int k = 0; k < code.length; ++k) text += ((code.bits >> k) & 1) ? '1' : '0';
     return text;
 }
 
@@ -29,8 +29,7 @@ class HuffmanCodes : public testing::TestWithParam<CodesCase> {};
 
 TEST_P(HuffmanCodes, FollowTheMergeOrder) {
     ByteCounts counts{};
-    for (const auto& [value, count] : GetParam().counts)
-        counts[value] = count;
+    for (const auto& [value, count] : GetParam().counts) counts[value] = count;
     const CodeTable table = buildCodes(counts);
     std::map<int, std::string> got;
     for (int value = 0; value < 256; ++value)
@@ -73,8 +72,7 @@ TEST(HuffmanCodes, StayWithinAWordForAnyPlainSize) {
     }
     ASSERT_EQ(values, 44);
     int longest = 0;
-    for (const HuffmanCode& code : buildCodes(counts))
-        longest = std::max(longest, code.length);
+    for (const HuffmanCode& code : buildCodes(counts)) longest = std::max(longest, code.length);
     EXPECT_EQ(longest, 43);
 }
 

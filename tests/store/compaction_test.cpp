@@ -1,14 +1,15 @@
 #include "store/compaction.h"
-#include "store/dberrors.h"
-#include "store/store.h"
-#include "tests/store/storetestsupport.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QMap>
-
 #include <stdexcept>
-#include <sys/wait.h>
-#include <unistd.h>
+
+#include "store/dberrors.h"
+#include "store/store.h"
+#include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
 namespace {
@@ -22,8 +23,7 @@ const CompactionPoint kEveryPoint[] = {CompactionPoint::RemoveStaleCopy,   Compa
 
 Counts counts(Database& db) {
     Counts result;
-    for (const QString& table : db.tableNames())
-        result.insert(table, db.rowCount(table));
+    for (const QString& table : db.tableNames()) result.insert(table, db.rowCount(table));
     return result;
 }
 

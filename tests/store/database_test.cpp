@@ -1,8 +1,8 @@
+#include <sqlite3.h>
+
 #include "store/dberrors.h"
 #include "store/sqliteconnection.h"
 #include "tests/store/storetestsupport.h"
-
-#include <sqlite3.h>
 
 namespace ostravel::test {
 namespace {

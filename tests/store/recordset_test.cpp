@@ -9,8 +9,9 @@ class RecordsetTest : public ::testing::Test {
 protected:
     void SetUp() override { addSampleData(store.db); }
     std::shared_ptr<Recordset> holding(const char* symbol, const char* portfolio = "Growth") {
-        return store.db.openRecordset(QStringLiteral("select * from [equity]where EquitySymbol='%1' And portname = '%2'")
-                                          .arg(QString::fromLatin1(symbol), QString::fromLatin1(portfolio)));
+        return store.db.openRecordset(
+            QStringLiteral("select * from [equity]where EquitySymbol='%1' And portname = '%2'")
+                .arg(QString::fromLatin1(symbol), QString::fromLatin1(portfolio)));
     }
     ScratchDatabase store;
 };
@@ -22,8 +23,7 @@ TEST_F(RecordsetTest, TableOpensOnItsFirstRowAndMovesThroughAll) {
     EXPECT_FALSE(trades->eof());
     EXPECT_EQ(trades->field(0), Variant(std::int64_t{1}));
     long seen = 0;
-    for (; !trades->eof(); trades->moveNext())
-        ++seen;
+    for (; !trades->eof(); trades->moveNext()) ++seen;
     EXPECT_EQ(seen, 12);
     EXPECT_EQ(errorOf([&] { trades->moveNext(); }), err::NoCurrentRecord);
     EXPECT_EQ(errorOf([&] { trades->field(0); }), err::NoCurrentRecord);
@@ -63,15 +63,16 @@ TEST_F(RecordsetTest, FieldsReadAsTheirKindsAndMissingValuesAsNull) {
     EXPECT_EQ(errorOf([&] { infy->field(QStringLiteral("NoSuchColumn")); }), err::ItemNotFound);
     EXPECT_EQ(errorOf([&] { infy->field(99); }), err::ItemNotFound);
 
-    const auto prices = store.db.openRecordset(QStringLiteral("select date,price from currentprice where equitysymbol = 'TCS';"));
+    const auto prices =
+        store.db.openRecordset(QStringLiteral("select date,price from currentprice where equitysymbol = 'TCS';"));
     prices->moveLast();
     EXPECT_EQ(prices->field(0), Variant::date(dateTimeSerial(QDateTime(QDate(2006, 4, 4), QTime(15, 30)))));
 
     const auto trade = store.db.openRecordset(QStringLiteral("select * from trades where pktradeid=1;"));
     EXPECT_TRUE(trade->field(QStringLiteral("TradeQuotePrice")).isNull());
 
-    const auto sum = store.db.openRecordset(
-        QStringLiteral("select sum(Tradedshares),sum(Commission) from [trades]where EquitySymbol='NONE' And portname = 'Growth'"));
+    const auto sum = store.db.openRecordset(QStringLiteral(
+        "select sum(Tradedshares),sum(Commission) from [trades]where EquitySymbol='NONE' And portname = 'Growth'"));
     EXPECT_TRUE(sum->field(0).isNull());
 }
 
@@ -105,24 +106,24 @@ TEST_P(FieldConversion, ByColumnType) {
 
 INSTANTIATE_TEST_SUITE_P(
     Store, FieldConversion,
-    ::testing::Values(Conversion{"CurrentCash", Variant(" 140"), Variant(140.0)},
-                      Conversion{"CurrentCash", Variant("140.50"), Variant(140.5)},
-                      Conversion{"CurrentCash", Variant(7), Variant(7.0)},
-                      Conversion{"CurrentCash", Variant::null(), Variant::null()},
-                      Conversion{"CurrentCash", Variant("abc"), Variant()},
-                      Conversion{"CurrentCash", Variant(""), Variant()},
-                      Conversion{"NextBuyPrice", Variant("Rs.1,400"), Variant()},
-                      Conversion{"VealieFlag", Variant("1"), Variant(std::int64_t{1})},
-                      Conversion{"VealieFlag", Variant(2.5), Variant(std::int64_t{2})},
-                      Conversion{"VealieFlag", Variant("x"), Variant()},
-                      Conversion{"EquityStartDate", Variant("17/Feb/2006"), Variant::date(dateSerial(QDate(2006, 2, 17)))},
-                      Conversion{"EquityStartDate", Variant("2005-12-31"), Variant::date(dateSerial(QDate(2005, 12, 31)))},
-                      Conversion{"EquityStartDate", Variant::date(38000.5), Variant::date(38000.5)},
-                      Conversion{"EquityStartDate", Variant("Date"), Variant()},
-                      Conversion{"EquityStartDate", Variant(""), Variant()},
-                      Conversion{"EquitySymbol", Variant(140.5), Variant("140.5")},
-                      Conversion{"EquitySymbol", Variant(true), Variant("True")},
-                      Conversion{"portname", Variant::null(), Variant::null()}));
+    ::testing::Values(
+        Conversion{"CurrentCash", Variant(" 140"), Variant(140.0)},
+        Conversion{"CurrentCash", Variant("140.50"), Variant(140.5)},
+        Conversion{"CurrentCash", Variant(7), Variant(7.0)},
+        Conversion{"CurrentCash", Variant::null(), Variant::null()},
+        Conversion{"CurrentCash", Variant("abc"), Variant()}, Conversion{"CurrentCash", Variant(""), Variant()},
+        Conversion{"NextBuyPrice", Variant("Rs.1,400"), Variant()},
+        Conversion{"VealieFlag", Variant("1"), Variant(std::int64_t{1})},
+        Conversion{"VealieFlag", Variant(2.5), Variant(std::int64_t{2})},
+        Conversion{"VealieFlag", Variant("x"), Variant()},
+        Conversion{"EquityStartDate", Variant("17/Feb/2006"), Variant::date(dateSerial(QDate(2006, 2, 17)))},
+        Conversion{"EquityStartDate", Variant("2005-12-31"), Variant::date(dateSerial(QDate(2005, 12, 31)))},
+        Conversion{"EquityStartDate", Variant::date(38000.5), Variant::date(38000.5)},
+        Conversion{"EquityStartDate", Variant("Date"), Variant()},
+        Conversion{"EquityStartDate", Variant(""), Variant()},
+        Conversion{"EquitySymbol", Variant(140.5), Variant("140.5")},
+        Conversion{"EquitySymbol", Variant(true), Variant("True")},
+        Conversion{"portname", Variant::null(), Variant::null()}));
 
 TEST_F(RecordsetTest, WritingNeedsEditOrAddNew) {
     const auto infy = holding("INFY");
@@ -178,7 +179,8 @@ TEST_F(RecordsetTest, AddNewAppendsAndKeepsTheCurrentRow) {
 }
 
 TEST_F(RecordsetTest, AddNewGetsTheNextKey) {
-    const auto trades = store.db.openRecordset(QStringLiteral("select * from [trades]where EquitySymbol='TCS' And portname = 'Growth'"));
+    const auto trades = store.db.openRecordset(
+        QStringLiteral("select * from [trades]where EquitySymbol='TCS' And portname = 'Growth'"));
     trades->addNew();
     trades->setField(QStringLiteral("fkequityid"), Variant(2));
     trades->setField(QStringLiteral("TradeDate"), Variant("17/Feb/2007"));
@@ -190,7 +192,8 @@ TEST_F(RecordsetTest, AddNewGetsTheNextKey) {
 }
 
 TEST_F(RecordsetTest, DeleteLeavesNoCurrentRowUntilTheNextMove) {
-    const auto trades = store.db.openRecordset(QStringLiteral("select * from [trades]where EquitySymbol='INFY' And portname = 'Growth'"));
+    const auto trades = store.db.openRecordset(
+        QStringLiteral("select * from [trades]where EquitySymbol='INFY' And portname = 'Growth'"));
     ASSERT_EQ(trades->recordCount(), 3);
     trades->moveNext();
     const Variant third = [&] {
@@ -247,10 +250,11 @@ TEST_F(RecordsetTest, FindFirstAndFindNext) {
 }
 
 TEST_F(RecordsetTest, QueriesWithAggregatesDistinctOrJoinsAreReadOnly) {
-    for (const char* sql : {"select sum(Commission)  from [trades]where EquitySymbol='INFY' And portname = 'Growth'",
-                            "select distinct portname from equity",
-                            "select e.EquitySymbol, t.Tradedshares from equity e join trades t on t.fkequityid = e.pkEquityID",
-                            "select e.EquitySymbol from equity e, trades t where t.fkequityid = e.pkEquityID"}) {
+    for (const char* sql :
+         {"select sum(Commission)  from [trades]where EquitySymbol='INFY' And portname = 'Growth'",
+          "select distinct portname from equity",
+          "select e.EquitySymbol, t.Tradedshares from equity e join trades t on t.fkequityid = e.pkEquityID",
+          "select e.EquitySymbol from equity e, trades t where t.fkequityid = e.pkEquityID"}) {
         const auto recordset = store.db.openRecordset(QString::fromLatin1(sql));
         EXPECT_FALSE(recordset->updatable()) << sql;
         EXPECT_EQ(errorOf([&] { recordset->edit(); }), dberr::ReadOnly) << sql;

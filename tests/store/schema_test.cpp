@@ -1,6 +1,7 @@
+#include "store/schema.h"
+
 #include "app/base/vbdate.h"
 #include "store/dberrors.h"
-#include "store/schema.h"
 #include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
@@ -25,26 +26,28 @@ INSTANTIATE_TEST_SUITE_P(
     Schema, ColumnPosition,
     ::testing::Values(
         Position{"users", 0, "pkUserID"}, Position{"users", 3, "LastName"}, Position{"users", 4, "FirstName"},
-        Position{"users", 5, "MinTradeSell"}, Position{"users", 6, "MinTradeBuy"}, Position{"users", 7, "MinTradeBuySh"},
-        Position{"users", 8, "MinTradeSellSh"}, Position{"users", 9, "BuyFee"}, Position{"users", 10, "SellFee"},
-        Position{"users", 11, "ResistBuy"}, Position{"users", 12, "ResistSell"}, Position{"users", 13, "SpareSetting"},
-        Position{"users", 14, "eMail"}, Position{"users", 23, "BeginningShares"},
+        Position{"users", 5, "MinTradeSell"}, Position{"users", 6, "MinTradeBuy"},
+        Position{"users", 7, "MinTradeBuySh"}, Position{"users", 8, "MinTradeSellSh"}, Position{"users", 9, "BuyFee"},
+        Position{"users", 10, "SellFee"}, Position{"users", 11, "ResistBuy"}, Position{"users", 12, "ResistSell"},
+        Position{"users", 13, "SpareSetting"}, Position{"users", 14, "eMail"}, Position{"users", 23, "BeginningShares"},
         Position{"portfolio", 0, "pkPortfolioID"}, Position{"portfolio", 1, "fkUserID"},
         Position{"portfolio", 2, "PortfolioName"}, Position{"portfolio", 3, "PortStartDate"},
-        Position{"equity", 0, "pkEquityID"}, Position{"equity", 1, "fkPortfolioID"}, Position{"equity", 3, "EquitySymbol"},
-        Position{"equity", 4, "OriginalPrice"}, Position{"equity", 5, "OriginalShares"},
-        Position{"equity", 6, "OriginalCash"}, Position{"equity", 8, "CurrentQuotePrice"},
-        Position{"equity", 10, "CurrentCash"}, Position{"equity", 11, "CurrentShares"},
-        Position{"equity", 23, "VealieFlag"}, Position{"trades", 0, "pktradeid"}, Position{"trades", 1, "fkequityid"},
+        Position{"equity", 0, "pkEquityID"}, Position{"equity", 1, "fkPortfolioID"},
+        Position{"equity", 3, "EquitySymbol"}, Position{"equity", 4, "OriginalPrice"},
+        Position{"equity", 5, "OriginalShares"}, Position{"equity", 6, "OriginalCash"},
+        Position{"equity", 8, "CurrentQuotePrice"}, Position{"equity", 10, "CurrentCash"},
+        Position{"equity", 11, "CurrentShares"}, Position{"equity", 23, "VealieFlag"},
+        Position{"trades", 0, "pktradeid"}, Position{"trades", 1, "fkequityid"},
         Position{"trades", 8, "TradeQuotePrice"}, Position{"trades", 15, "portname"}, Position{"qoutense", 0, "ticker"},
         Position{"qoutense", 1, "name"}, Position{"qoutense", 2, "yahoonse"}, Position{"currentprice", 0, "price"},
         Position{"currentprice", 1, "date"}, Position{"currentprice", 2, "equitysymbol"},
         Position{"currentprice", 3, "fkequityid"}, Position{"simulation", 0, "date"}, Position{"simulation", 2, "Open"},
         Position{"simulation", 3, "High"}, Position{"simulation", 4, "Low"}, Position{"simulation", 5, "Close"},
-        Position{"simulation", 6, "Volume"}, Position{"simulation", 7, "EquitySymbol"}, Position{"simtrades", 0, "date"},
-        Position{"simtrades", 1, "price"}, Position{"simtrades", 2, "shareqty"}, Position{"simtrades", 3, "buysell"},
-        Position{"simtrades", 6, "EquitySymbol"}, Position{"compare", 0, "date"}, Position{"compare", 1, "BuyHoldValue"},
-        Position{"compare", 2, "ControlValue"}, Position{"compare", 3, "EquitySymbol"}));
+        Position{"simulation", 6, "Volume"}, Position{"simulation", 7, "EquitySymbol"},
+        Position{"simtrades", 0, "date"}, Position{"simtrades", 1, "price"}, Position{"simtrades", 2, "shareqty"},
+        Position{"simtrades", 3, "buysell"}, Position{"simtrades", 6, "EquitySymbol"}, Position{"compare", 0, "date"},
+        Position{"compare", 1, "BuyHoldValue"}, Position{"compare", 2, "ControlValue"},
+        Position{"compare", 3, "EquitySymbol"}));
 
 struct NamedColumns {
     const char* table;
@@ -58,46 +61,52 @@ TEST_P(TableColumns, AreAllThere) {
     ScratchDatabase store;
     const auto recordset = store.db.openRecordset(QString::fromLatin1(GetParam().table));
     QStringList names;
-    for (int i = 0; i < recordset->fieldCount(); ++i)
-        names << recordset->fieldName(i).toLower();
+    for (int i = 0; i < recordset->fieldCount(); ++i) names << recordset->fieldName(i).toLower();
     for (const char* column : GetParam().columns)
         EXPECT_TRUE(names.contains(QString::fromLatin1(column).toLower())) << GetParam().table << "." << column;
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Schema, TableColumns,
-    ::testing::Values(
-        NamedColumns{"users",
-                     {"BeginningCash", "QuoteDL", "HistoryDL", "HistoryDl", "SecondsForQuote", "QUICK", "MinTradebuy",
-                      "Buyfee", "sellFee"}},
-        NamedColumns{"equity",
-                     {"fkUserID", "portname", "EquityStartDate", "PortControl", "cps", "LastTradePrice", "NextBuyPrice",
-                      "NextBuyShares", "NextSellPrice", "NextSellShares", "LastUpdated", "peratio", "eps", "div",
-                      "volume", "pkequityid", "Currentshares"}},
-        NamedColumns{"trades",
-                     {"EquitySymbol", "TradeDate", "Tradedshares", "PricePerShare", "Commission", "Buyselltype",
-                      "tradedate", "buyselltype"}},
-        NamedColumns{"qoutense", {"symbol"}}, NamedColumns{"NiftyQuote", {}}, NamedColumns{"niftyquote", {}},
-        NamedColumns{"bank", {}}, NamedColumns{"transaction", {}}));
+    ::testing::Values(NamedColumns{"users",
+                                   {"BeginningCash", "QuoteDL", "HistoryDL", "HistoryDl", "SecondsForQuote", "QUICK",
+                                    "MinTradebuy", "Buyfee", "sellFee"}},
+                      NamedColumns{"equity",
+                                   {"fkUserID", "portname", "EquityStartDate", "PortControl", "cps", "LastTradePrice",
+                                    "NextBuyPrice", "NextBuyShares", "NextSellPrice", "NextSellShares", "LastUpdated",
+                                    "peratio", "eps", "div", "volume", "pkequityid", "Currentshares"}},
+                      NamedColumns{"trades",
+                                   {"EquitySymbol", "TradeDate", "Tradedshares", "PricePerShare", "Commission",
+                                    "Buyselltype", "tradedate", "buyselltype"}},
+                      NamedColumns{"qoutense", {"symbol"}}, NamedColumns{"NiftyQuote", {}},
+                      NamedColumns{"niftyquote", {}}, NamedColumns{"bank", {}}, NamedColumns{"transaction", {}}));
 
 TEST(Schema, NewFileHasTheOneUsersRowOfDefaults) {
     ScratchDatabase store;
     const auto users = store.db.openRecordset(QStringLiteral("users"));
     ASSERT_EQ(users->recordCount(), 1);
     const std::pair<const char*, Variant> defaults[] = {
-        {"LastName", Variant("Enter your surname")}, {"FirstName", Variant("Enter your name")},
-        {"MinTradeSell", Variant(1000.0)},          {"MinTradeBuy", Variant(1000.0)},
-        {"MinTradeBuySh", Variant(1.0)},            {"MinTradeSellSh", Variant(1.0)},
-        {"BuyFee", Variant(0.85)},                  {"SellFee", Variant(0.85)},
-        {"ResistBuy", Variant(10.0)},               {"ResistSell", Variant(10.0)},
-        {"BeginningShares", Variant(500.0)},        {"pkUserID", Variant(std::int64_t{1})},
-        {"eMail", Variant::null()},                 {"SpareSetting", Variant::null()},
+        {"LastName", Variant("Enter your surname")},
+        {"FirstName", Variant("Enter your name")},
+        {"MinTradeSell", Variant(1000.0)},
+        {"MinTradeBuy", Variant(1000.0)},
+        {"MinTradeBuySh", Variant(1.0)},
+        {"MinTradeSellSh", Variant(1.0)},
+        {"BuyFee", Variant(0.85)},
+        {"SellFee", Variant(0.85)},
+        {"ResistBuy", Variant(10.0)},
+        {"ResistSell", Variant(10.0)},
+        {"BeginningShares", Variant(500.0)},
+        {"pkUserID", Variant(std::int64_t{1})},
+        {"eMail", Variant::null()},
+        {"SpareSetting", Variant::null()},
         // Settings whose boxes would otherwise open empty and fail to save as numbers.
-        {"BeginningCash", Variant(0.0)},            {"QuoteDL", Variant(std::int64_t{0})},
-        {"HistoryDL", Variant(std::int64_t{0})},    {"SecondsForQuote", Variant(30.0)},
+        {"BeginningCash", Variant(0.0)},
+        {"QuoteDL", Variant(std::int64_t{0})},
+        {"HistoryDL", Variant(std::int64_t{0})},
+        {"SecondsForQuote", Variant(30.0)},
         {"QUICK", Variant(std::int64_t{1})}};
-    for (const auto& [column, value] : defaults)
-        EXPECT_EQ(users->field(QString::fromLatin1(column)), value) << column;
+    for (const auto& [column, value] : defaults) EXPECT_EQ(users->field(QString::fromLatin1(column)), value) << column;
 }
 
 TEST(Schema, SymbolListComesFromTheExchangesList) {
@@ -133,8 +142,8 @@ TEST(Schema, NewHoldingGetsZeroForItsPositionColumns) {
     equity->setField(QStringLiteral("VealieFlag"), Variant(1));
     equity->update();
 
-    const auto holding =
-        store.db.openRecordset(QStringLiteral("select * from [equity]where EquitySymbol='TCS' And portname = 'Income'"));
+    const auto holding = store.db.openRecordset(
+        QStringLiteral("select * from [equity]where EquitySymbol='TCS' And portname = 'Income'"));
     ASSERT_EQ(holding->recordCount(), 1);
     for (const char* column : {"OriginalPrice", "OriginalShares", "OriginalCash", "CurrentQuotePrice", "CurrentCash",
                                "CurrentShares", "PortControl", "cps", "NextBuyPrice", "NextSellShares"})

@@ -15,12 +15,15 @@ class ProgramQuery : public ::testing::TestWithParam<Query> {
 protected:
     void SetUp() override {
         addSampleData(store.db);
-        store.db.execute(QStringLiteral("insert into simulation (date, Open, High, Low, Close, Volume, EquitySymbol) "
-                                        "values (#1/3/2005#, 1, 2, 0.5, 1.5, 100, 'INFY')"));
-        store.db.execute(QStringLiteral("insert into simtrades (date, price, shareqty, buysell, EquitySymbol) "
-                                        "values (#1/3/2005#, 1.5, 10, 10, 'INFY')"));
-        store.db.execute(QStringLiteral("insert into compare (date, BuyHoldValue, ControlValue, EquitySymbol) "
-                                        "values (#1/3/2005#, 0, 0, 'INFY')"));
+        store.db.execute(
+            QStringLiteral("insert into simulation (date, Open, High, Low, Close, Volume, EquitySymbol) "
+                           "values (#1/3/2005#, 1, 2, 0.5, 1.5, 100, 'INFY')"));
+        store.db.execute(
+            QStringLiteral("insert into simtrades (date, price, shareqty, buysell, EquitySymbol) "
+                           "values (#1/3/2005#, 1.5, 10, 10, 'INFY')"));
+        store.db.execute(
+            QStringLiteral("insert into compare (date, BuyHoldValue, ControlValue, EquitySymbol) "
+                           "values (#1/3/2005#, 0, 0, 'INFY')"));
     }
     ScratchDatabase store;
 };
@@ -38,8 +41,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Query{"Select distinct name from qoutense", -1},
         Query{"select ticker from qoutense where name='Infosys Limited';", 1},
-        Query{"select name from qoutense where ticker='INFY';", 1},
-        Query{"select * from equity", 4},
+        Query{"select name from qoutense where ticker='INFY';", 1}, Query{"select * from equity", 4},
         Query{"select * from [equity]where EquitySymbol='INFY' And portname = 'Growth'", 1},
         Query{"select *  from [equity]where EquitySymbol='M&M' And portname = 'Growth'", 1},
         Query{"select buyselltype from [trades]where EquitySymbol='INFY' And portname = 'Growth' and "
@@ -85,16 +87,13 @@ INSTANTIATE_TEST_SUITE_P(
         Query{"select NextBuyPrice,NextBuyShares,NextSellPrice,NextSellShares,LastUpdated from [equity]where "
               "EquitySymbol='INFY' And portname = 'Growth'",
               1},
-        Query{"select * from simtrades", 1},
-        Query{"select * from compare", 1},
-        Query{"select * from simulation  order by date", 1},
-        Query{"select * from simulation order by date", 1},
+        Query{"select * from simtrades", 1}, Query{"select * from compare", 1},
+        Query{"select * from simulation  order by date", 1}, Query{"select * from simulation order by date", 1},
         Query{"select tradedate ,tradedshares,pricepershare,buyselltype from [trades]where EquitySymbol='INFY' And "
               "portname = 'Growth'",
               3},
         Query{"select date,price from currentprice where equitysymbol = 'INFY';", 4},
-        Query{"select date,shareqty,price,buysell FROM SIMTRADES", 1},
-        Query{"select * from simulation", 1},
+        Query{"select date,shareqty,price,buysell FROM SIMTRADES", 1}, Query{"select * from simulation", 1},
         Query{"select pkequityid,LastTradePrice,CurrentQuotePrice from equity where equitysymbol = 'TCS';", 1},
         Query{"select * from currentprice where equitysymbol ='TCS';", 2},
         Query{"select portname as Portfolio,equitysymbol as Symbol,CurrentShares as Shares,CurrentQuotePrice as "
@@ -106,8 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
         Query{"select yahoonse,name from qoutense where ticker='M&M';", 1},
         Query{"select CurrentQuotePrice from equity where equitysymbol='TCS';", 1},
         Query{"select EquitySymbol from  [equity] where portname = 'Growth'", 3},
-        Query{"select ticker from qoutense", 2219},
-        Query{"select *  from qoutense ", 2219},
+        Query{"select ticker from qoutense", 2219}, Query{"select *  from qoutense ", 2219},
         Query{"select * from portfolio", 2},
         // The engine compares texts without regard to case, as the program's lookups expect.
         Query{"select * from [equity]where EquitySymbol='infy' And portname = 'GROWTH'", 1}));
@@ -122,7 +120,8 @@ class ProgramStatement : public ::testing::TestWithParam<Execution> {
 protected:
     void SetUp() override {
         addSampleData(store.db);
-        store.db.execute(QStringLiteral("insert into simulation (date, Close, EquitySymbol) values (#1/3/2005#, 1.5, 'INFY')"));
+        store.db.execute(
+            QStringLiteral("insert into simulation (date, Close, EquitySymbol) values (#1/3/2005#, 1.5, 'INFY')"));
     }
     ScratchDatabase store;
 };
@@ -141,12 +140,14 @@ INSTANTIATE_TEST_SUITE_P(AsWritten, ProgramStatement,
 
 TEST(ProgramStatements, InsertIntoAYearTableOfTheDayFiles) {
     ScratchDatabase store;
-    store.db.execute(QStringLiteral("create table [2005] (SYMBOL text, SERIES text, OPEN real, HIGH real, LOW real, "
-                                    "CLOSE real, LAST real, PREVCLOSE real, TOTTRDQTY real, TOTTRDVAL real, "
-                                    "TIMESTAMP text)"));
-    store.db.execute(QStringLiteral("insert into [2005] (SYMBOL,SERIES,OPEN,HIGH,LOW,CLOSE,LAST,PREVCLOSE,TOTTRDQTY,"
-                                    "TOTTRDVAL,TIMESTAMP) values ('M&M','EQ','640','655.5','630','650','651','638',"
-                                    "'120000','78000000','17-FEB-2005')"));
+    store.db.execute(
+        QStringLiteral("create table [2005] (SYMBOL text, SERIES text, OPEN real, HIGH real, LOW real, "
+                       "CLOSE real, LAST real, PREVCLOSE real, TOTTRDQTY real, TOTTRDVAL real, "
+                       "TIMESTAMP text)"));
+    store.db.execute(
+        QStringLiteral("insert into [2005] (SYMBOL,SERIES,OPEN,HIGH,LOW,CLOSE,LAST,PREVCLOSE,TOTTRDQTY,"
+                       "TOTTRDVAL,TIMESTAMP) values ('M&M','EQ','640','655.5','630','650','651','638',"
+                       "'120000','78000000','17-FEB-2005')"));
     const auto recordset = store.db.openRecordset(QStringLiteral("select * From [2005]"));
     ASSERT_EQ(recordset->recordCount(), 1);
     EXPECT_EQ(recordset->field(QStringLiteral("close")).toDouble(), 650.0);

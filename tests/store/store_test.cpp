@@ -1,11 +1,12 @@
+#include "store/store.h"
+
+#include <QDir>
+
 #include "app/base/apppath.h"
 #include "app/base/reporterror.h"
 #include "app/base/scripted_prompt.h"
 #include "store/dberrors.h"
-#include "store/store.h"
 #include "tests/store/storetestsupport.h"
-
-#include <QDir>
 
 namespace ostravel::test {
 namespace {
@@ -15,9 +16,9 @@ protected:
     void SetUp() override { setAppPath(folder.path()); }
     QString livePath() const { return folder.file(QStringLiteral("database/ostravel.mdb")); }
     std::vector<std::shared_ptr<Recordset>*> all() {
-        return {&store.users,    &store.portfolio, &store.trades,     &store.equity,
+        return {&store.users,    &store.portfolio,  &store.trades,       &store.equity,
                 &store.qoutense, &store.NiftyQuote, &store.currentprice, &store.simulation,
-                &store.compare,  &store.niftyquote, &store.bank,      &store.transaction_};
+                &store.compare,  &store.niftyquote, &store.bank,         &store.transaction_};
     }
 
     ScratchFolder folder;
@@ -31,8 +32,7 @@ TEST_F(StoreTest, FirstStartMakesTheFoldersAndTheDatabase) {
     EXPECT_TRUE(prompt.asked().isEmpty());
     EXPECT_TRUE(QFileInfo(livePath()).isFile());
     EXPECT_TRUE(QFileInfo(folder.file(QStringLiteral("history/daily"))).isDir());
-    for (std::shared_ptr<Recordset>* recordset : all())
-        EXPECT_NE(*recordset, nullptr);
+    for (std::shared_ptr<Recordset>* recordset : all()) EXPECT_NE(*recordset, nullptr);
     EXPECT_EQ(store.users->recordCount(), 1);
     EXPECT_EQ(store.users->field(QStringLiteral("LastName")), Variant("Enter your surname"));
     EXPECT_EQ(store.qoutense->recordCount(), 2219);
@@ -91,8 +91,7 @@ TEST_F(StoreTest, UnusableFileEndsTheStartAndIsLeftAsItIs) {
     }
     EXPECT_TRUE(prompt.asked().isEmpty());
     EXPECT_EQ(fileBytes(livePath()), content);
-    for (std::shared_ptr<Recordset>* recordset : all())
-        EXPECT_EQ(*recordset, nullptr);
+    for (std::shared_ptr<Recordset>* recordset : all()) EXPECT_EQ(*recordset, nullptr);
 }
 
 }  // namespace

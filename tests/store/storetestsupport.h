@@ -1,16 +1,16 @@
 // Scratch databases for the store's tests: each in a folder of its own that goes with the test.
 #pragma once
 
-#include "app/base/variant.h"
-#include "app/base/vberror.h"
-#include "store/database.h"
-#include "tests/support/raised.h"
+#include <gtest/gtest.h>
 
 #include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include "app/base/variant.h"
+#include "app/base/vberror.h"
+#include "store/database.h"
+#include "tests/support/raised.h"
 
 namespace ostravel::test {
 

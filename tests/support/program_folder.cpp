@@ -1,12 +1,11 @@
 #include "tests/support/program_folder.h"
 
+#include <QDir>
+#include <stdexcept>
+
 #include "app/base/apppath.h"
 #include "app/program_folder.h"
 #include "store/store.h"
-
-#include <QDir>
-
-#include <stdexcept>
 
 namespace ostravel::test {
 
@@ -29,11 +28,17 @@ ProgramFolder::ProgramFolder(const QString& path, FolderSetup setup, ErrorReport
 
 ProgramFolder::~ProgramFolder() = default;
 
-void ProgramFolder::enter() const { setAppPath(m_path); }
+void ProgramFolder::enter() const {
+    setAppPath(m_path);
+}
 
-QString ProgramFolder::file(const QString& relative) const { return QDir(m_path).filePath(relative); }
+QString ProgramFolder::file(const QString& relative) const {
+    return QDir(m_path).filePath(relative);
+}
 
-QString ProgramFolder::live() const { return file(kLiveDatabase); }
+QString ProgramFolder::live() const {
+    return file(kLiveDatabase);
+}
 
 QStringList ProgramFolder::databaseFiles() const {
     return QDir(file(QStringLiteral("database"))).entryList(QDir::Files | QDir::Hidden, QDir::Name);

@@ -1,14 +1,13 @@
 // A program folder with its own program and scripted prompt, as a test starts the program in it.
 #pragma once
 
+#include <QString>
+#include <QStringList>
+#include <memory>
+
 #include "app/base/reporterror.h"
 #include "app/base/scripted_prompt.h"
 #include "app/program.h"
-
-#include <QString>
-#include <QStringList>
-
-#include <memory>
 
 namespace ostravel::test {
 

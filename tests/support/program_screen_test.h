@@ -2,14 +2,13 @@
 // fresh folder with the program started in it, made in init() and removed in cleanup().
 #pragma once
 
-#include "tests/support/program_folder.h"
-
 #include <QObject>
 #include <QTemporaryDir>
 #include <QTest>
-
 #include <exception>
 #include <memory>
+
+#include "tests/support/program_folder.h"
 
 namespace ostravel::test {
 

@@ -2,12 +2,12 @@
 // pointing at it, the store open on a new database, and the prompt answering from a script.
 #pragma once
 
-#include "tests/support/program_folder.h"
-#include "tests/support/qstring_printer.h"
-
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+
+#include "tests/support/program_folder.h"
+#include "tests/support/qstring_printer.h"
 
 namespace ostravel::test {
 

@@ -1,10 +1,10 @@
 // What a call raises, for tests of the run time's errors.
 #pragma once
 
-#include "app/base/vberror.h"
-
 #include <functional>
 #include <optional>
+
+#include "app/base/vberror.h"
 
 namespace ostravel::test {
 

@@ -1,9 +1,9 @@
 // The main frame's selection as the user makes it, for tests that open a holding's screens.
 #pragma once
 
-#include "app/mainframe.h"
-
 #include <QString>
+
+#include "app/mainframe.h"
 
 namespace ostravel::test {
 

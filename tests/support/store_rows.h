@@ -3,7 +3,6 @@
 
 #include <QString>
 #include <QVariant>
-
 #include <optional>
 
 namespace ostravel {

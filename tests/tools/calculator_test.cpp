@@ -1,11 +1,12 @@
 #include "tools/calculator.h"
-#include "tools/keyboard_help.h"
-#include "app/menu_tree.h"
+
+#include <gtest/gtest.h>
 
 #include <QSet>
 #include <QStringList>
 
-#include <gtest/gtest.h>
+#include "app/menu_tree.h"
+#include "tools/keyboard_help.h"
 
 namespace ostravel {
 namespace {
@@ -22,9 +23,9 @@ TEST(Calculator, KeySequences) {
         {"6 * 7 =", "42"},
         {"1 / 4 =", "0.25"},
         {"1 0 / 3 =", "3.33333333333333"},
-        {"2 + 3 * 4 =", "20"},          // left to right, as a pocket calculator
-        {"2 + * 5 =", "10"},            // a second operator replaces the first
-        {"1 . . 5 + 1 =", "2.5"},        // one point only
+        {"2 + 3 * 4 =", "20"},     // left to right, as a pocket calculator
+        {"2 + * 5 =", "10"},       // a second operator replaces the first
+        {"1 . . 5 + 1 =", "2.5"},  // one point only
         {"9 BS 8", "8"},
         {"5 +/- + 2 =", "-3"},
         {"1 + 2 CE 5 =", "6"},
@@ -50,8 +51,7 @@ TEST(KeyboardHelp, ListsEveryMenuShortcutOnceAndNoKeyTwice) {
         keys.insert(row.key);
         EXPECT_FALSE(row.action.contains(QLatin1Char('&'))) << row.action.toStdString();
     }
-    for (const MenuItem& item : menuShortcuts())
-        EXPECT_TRUE(keys.contains(item.shortcut)) << item.name.toStdString();
+    for (const MenuItem& item : menuShortcuts()) EXPECT_TRUE(keys.contains(item.shortcut)) << item.name.toStdString();
 }
 
 }  // namespace

@@ -1,13 +1,13 @@
-#include "tools/ui/calc_view.h"
-#include "widgets/datepicker.h"
-#include "tools/ui/keyboard_help_view.h"
-
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableWidget>
 #include <QTest>
+
+#include "tools/ui/calc_view.h"
+#include "tools/ui/keyboard_help_view.h"
+#include "widgets/datepicker.h"
 
 using namespace ostravel;
 

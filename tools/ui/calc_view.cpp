@@ -50,12 +50,21 @@ void calc::press(const QString& key) {
 
 void calc::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter: press(QStringLiteral("=")); return;
-    case Qt::Key_Escape: press(QStringLiteral("C")); return;
-    case Qt::Key_Backspace: press(QStringLiteral("BS")); return;
-    case Qt::Key_Delete: press(QStringLiteral("CE")); return;
-    default: break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            press(QStringLiteral("="));
+            return;
+        case Qt::Key_Escape:
+            press(QStringLiteral("C"));
+            return;
+        case Qt::Key_Backspace:
+            press(QStringLiteral("BS"));
+            return;
+        case Qt::Key_Delete:
+            press(QStringLiteral("CE"));
+            return;
+        default:
+            break;
     }
     const QString text = event->text();
     if (text.size() == 1 && QStringLiteral("0123456789.+-*/=").contains(text[0]))

@@ -1,9 +1,9 @@
 // calc: the calculator window over Calculator.
 #pragma once
 
-#include "tools/calculator.h"
-
 #include <QWidget>
+
+#include "tools/calculator.h"
 
 class QLineEdit;
 

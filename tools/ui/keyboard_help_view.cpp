@@ -1,10 +1,10 @@
 #include "tools/ui/keyboard_help_view.h"
 
-#include "tools/keyboard_help.h"
-
 #include <QHeaderView>
 #include <QTableWidget>
 #include <QVBoxLayout>
+
+#include "tools/keyboard_help.h"
 
 namespace ostravel {
 
