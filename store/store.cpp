@@ -31,7 +31,7 @@ Store::Store(ErrorReporter& reporter) : m_reporter(reporter) {}
 
 void Store::resetRecordsets() {
     for (std::shared_ptr<Recordset>* recordset :
-         {&users, &portfolio, &trades, &equity, &qoutense, &NiftyQuote, &currentprice, &simulation, &compare,
+         {&users, &portfolio, &trades, &equity, &qoutense, &niftyQuoteTable, &currentprice, &simulation, &compare,
           &niftyquote, &bank, &transaction_})
         recordset->reset();
 }
@@ -57,7 +57,7 @@ void Store::connection() {
         {&trades, QStringLiteral("trades")},
         {&equity, QStringLiteral("equity")},
         {&qoutense, QStringLiteral("qoutense")},
-        {&NiftyQuote, QStringLiteral("NiftyQuote")},
+        {&niftyQuoteTable, QStringLiteral("NiftyQuote")},
         {&currentprice, QStringLiteral("currentprice")},
         {&simulation, QStringLiteral("simulation")},
         {&compare, QStringLiteral("compare")},

@@ -38,10 +38,12 @@ public:
     std::shared_ptr<Recordset> trades;
     std::shared_ptr<Recordset> equity;
     std::shared_ptr<Recordset> qoutense;
-    std::shared_ptr<Recordset> NiftyQuote;
+    // The table NiftyQuote as connection opens it first; never used after that.
+    std::shared_ptr<Recordset> niftyQuoteTable;
     std::shared_ptr<Recordset> currentprice;
     std::shared_ptr<Recordset> simulation;
     std::shared_ptr<Recordset> compare;
+    // The same table a second time, replaced at start-up by the list of company names.
     std::shared_ptr<Recordset> niftyquote;
     std::shared_ptr<Recordset> bank;
     std::shared_ptr<Recordset> transaction_;

@@ -178,7 +178,7 @@ void MDIForm1View::connectMenu() {
             [this] { showChild(new FRM_KEYBOARD_HELP); });
     connect(action(QStringLiteral("Helpchm")), &QAction::triggered, this, [this] { showHelpWindow(this); });
     connect(action(QStringLiteral("UserPreferance")), &QAction::triggered, this, [this] {
-        websetting dialog(m_program, this);
+        WebSettingForm dialog(m_program, this);
         dialog.exec();
     });
     connect(action(QStringLiteral("mnuallportfolio")), &QAction::triggered, this, [this] {

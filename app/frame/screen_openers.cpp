@@ -43,7 +43,7 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     });
     screens.setOpener(QStringLiteral("Newholding"), [modalParent, &frame, &program] {
         {
-            Newholding dialog(program, modalParent());
+            NewHoldingForm dialog(program, modalParent());
             dialog.exec();
         }
         frame.refresh();
@@ -64,16 +64,16 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
 
     // Trades, cash and splits: trade, addremovecash, frmsplit, each modal.
     screens.setOpener(QStringLiteral("trade"), [modalParent, &program] {
-        trade dialog(program, modalParent());
+        TradeForm dialog(program, modalParent());
         dialog.exec();
     });
     screens.setOpener(QStringLiteral("addremovecash"), [modalParent, &program] {
-        addremovecash dialog(program, modalParent());
+        AddRemoveCashForm dialog(program, modalParent());
         dialog.exec();
     });
     screens.setOpener(QStringLiteral("frmsplit"), [modalParent, &frame, &program] {
         {
-            frmsplit dialog(program, modalParent());
+            FrmSplitForm dialog(program, modalParent());
             dialog.exec();
         }
         // A refusal sends the user to the main frame's choice that was missing.
@@ -90,17 +90,17 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     // The equity manager mirrors its state again once the procedure that asked for it has
     // finished writing there.
     screens.setOpener(QStringLiteral("equitymanager"), [&frame, &program] {
-        auto* screen = static_cast<equitymanager*>(
-            frame.showSingleChild(QStringLiteral("equitymanager"), [&program] { return new equitymanager(program); }));
+        auto* screen = static_cast<EquityManagerForm*>(frame.showSingleChild(
+            QStringLiteral("equitymanager"), [&program] { return new EquityManagerForm(program); }));
         screen->refresh();
-        QTimer::singleShot(0, screen, &equitymanager::refresh);
+        QTimer::singleShot(0, screen, &EquityManagerForm::refresh);
     });
     screens.setOpener(QStringLiteral("Portfolioexplorer"), [&frame, &program] {
         frame.showSingleChild(QStringLiteral("Portfolioexplorer"),
-                              [&program] { return new Portfolioexplorer(program); });
+                              [&program] { return new PortfolioExplorerForm(program); });
     });
     screens.setOpener(QStringLiteral("setting"), [&frame, &program] {
-        setting dialog(program, &frame);
+        SettingForm dialog(program, &frame);
         dialog.exec();
     });
     AdviceValues& advice = program.module<AdviceValues>();

@@ -34,7 +34,7 @@ void mirror(QRadioButton* button, const OptionButton& option) {
 
 }  // namespace
 
-addremovecash::addremovecash(Program& program, QWidget* parent)
+AddRemoveCashForm::AddRemoveCashForm(Program& program, QWidget* parent)
     : QDialog(parent), m_state(program.module<AddRemoveCash>()) {
     setObjectName(QStringLiteral("addremovecash"));
     setModal(true);
@@ -122,18 +122,18 @@ addremovecash::addremovecash(Program& program, QWidget* parent)
     m_Combo2->setFocus();
 }
 
-addremovecash::~addremovecash() {
+AddRemoveCashForm::~AddRemoveCashForm() {
     m_state.closeView = nullptr;
 }
 
 template <class Action>
-void addremovecash::act(Action&& action) {
+void AddRemoveCashForm::act(Action&& action) {
     action();
     if (m_state.loaded)
         refresh();
 }
 
-void addremovecash::refresh() {
+void AddRemoveCashForm::refresh() {
     setWindowTitle(m_state.caption);
     {
         const QSignalBlocker blocker(m_Combo1);
@@ -157,7 +157,7 @@ void addremovecash::refresh() {
     m_cmdupdate->setText(m_state.cmdupdate.caption);
 }
 
-void addremovecash::reject() {
+void AddRemoveCashForm::reject() {
     // Esc and the window's close button unload the screen, as Close does.
     m_state.closeView = nullptr;
     if (m_state.loaded)

@@ -15,11 +15,11 @@ namespace ostravel {
 class AddRemoveCash;
 class Program;
 
-class addremovecash : public QDialog {
+class AddRemoveCashForm : public QDialog {
     Q_OBJECT
 public:
-    explicit addremovecash(Program& program, QWidget* parent = nullptr);
-    ~addremovecash() override;
+    explicit AddRemoveCashForm(Program& program, QWidget* parent = nullptr);
+    ~AddRemoveCashForm() override;
 
     void refresh();
 

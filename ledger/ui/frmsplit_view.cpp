@@ -30,7 +30,7 @@ void mirror(QComboBox* combo, const ComboBox& box) {
 
 }  // namespace
 
-frmsplit::frmsplit(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<FrmSplit>()) {
+FrmSplitForm::FrmSplitForm(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<FrmSplit>()) {
     setObjectName(QStringLiteral("frmsplit"));
     setWindowTitle(FrmSplit::kCaption);
     setModal(true);
@@ -79,17 +79,17 @@ frmsplit::frmsplit(Program& program, QWidget* parent) : QDialog(parent), m_state
     m_Combo1->setFocus();
 }
 
-frmsplit::~frmsplit() {
+FrmSplitForm::~FrmSplitForm() {
     m_state.closeView = nullptr;
 }
 
-void frmsplit::refresh() {
+void FrmSplitForm::refresh() {
     m_Label2->setText(m_state.Label2.caption);
     mirror(m_Combo1, m_state.Combo1);
     mirror(m_Combo2, m_state.Combo2);
 }
 
-void frmsplit::reject() {
+void FrmSplitForm::reject() {
     // Esc and the window's close button unload the screen, as Close does.
     m_state.closeView = nullptr;
     if (m_state.loaded)

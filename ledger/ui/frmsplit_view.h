@@ -13,11 +13,11 @@ namespace ostravel {
 class FrmSplit;
 class Program;
 
-class frmsplit : public QDialog {
+class FrmSplitForm : public QDialog {
     Q_OBJECT
 public:
-    explicit frmsplit(Program& program, QWidget* parent = nullptr);
-    ~frmsplit() override;
+    explicit FrmSplitForm(Program& program, QWidget* parent = nullptr);
+    ~FrmSplitForm() override;
 
     void refresh();
 

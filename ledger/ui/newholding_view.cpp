@@ -35,7 +35,7 @@ constexpr int kCompanyWidthTwips = 5000;
 
 }  // namespace
 
-Newholding::Newholding(Program& program, QWidget* parent)
+NewHoldingForm::NewHoldingForm(Program& program, QWidget* parent)
     : QDialog(parent), m_program(program), m_state(program.module<NewHolding>()) {
     setObjectName(QStringLiteral("Newholding"));
     setWindowTitle(NewHolding::kCaption);
@@ -141,7 +141,7 @@ Newholding::Newholding(Program& program, QWidget* parent)
     });
     connect(m_DatePicker1, &DatePicker::Cancel, this, [this] { act(&NewHolding::DatePicker1_Cancel); });
 
-    m_state.closeView = [view = QPointer<Newholding>(this)] {
+    m_state.closeView = [view = QPointer<NewHoldingForm>(this)] {
         if (!view)
             return;
         view->m_unloaded = true;
@@ -157,14 +157,14 @@ Newholding::Newholding(Program& program, QWidget* parent)
     m_program.frame().showChanges();
 }
 
-Newholding::~Newholding() {
+NewHoldingForm::~NewHoldingForm() {
     if (!m_unloaded && m_state.loaded) {
         m_state.closeView = nullptr;
         m_state.unload();
     }
 }
 
-QPushButton* Newholding::addButton(const QString& name, const Button& button, void (NewHolding::*click)()) {
+QPushButton* NewHoldingForm::addButton(const QString& name, const Button& button, void (NewHolding::*click)()) {
     auto* push = new QPushButton(button.caption, this);
     push->setObjectName(name);
     connect(push, &QPushButton::clicked, this, [this, click] { act(click); });
@@ -172,13 +172,13 @@ QPushButton* Newholding::addButton(const QString& name, const Button& button, vo
     return push;
 }
 
-void Newholding::act(void (NewHolding::*procedure)()) {
+void NewHoldingForm::act(void (NewHolding::*procedure)()) {
     (m_state.*procedure)();
     refresh();
     m_program.frame().showChanges();
 }
 
-void Newholding::refresh() {
+void NewHoldingForm::refresh() {
     for (std::size_t i = 0; i < m_optnsebse.size(); ++i) {
         const QSignalBlocker blocker(m_optnsebse[i]);
         m_optnsebse[i]->setChecked(m_state.optnsebse[i]);
@@ -196,7 +196,7 @@ void Newholding::refresh() {
         push->setEnabled(button->enabled);
     }
     if (m_state.helpShown && m_helpArea->isHidden()) {
-        trapped(m_program.reporter(), QStringLiteral("(Form) Newholding::Sub cmdhelp_Click"),
+        trapped(m_program.reporter(), QStringLiteral("(Form) NewHoldingForm::Sub cmdhelp_Click"),
                 [&] { loadRichText(m_RichTextBox1, appFile(NewHolding::kHelpFile)); });
     }
     m_helpArea->setVisible(m_state.helpShown);
@@ -204,11 +204,11 @@ void Newholding::refresh() {
     takeFocus(this, m_state.focus);
 }
 
-void Newholding::reject() {
+void NewHoldingForm::reject() {
     act(&NewHolding::cmdclose_Click);
 }
 
-void Newholding::mousePressEvent(QMouseEvent* event) {
+void NewHoldingForm::mousePressEvent(QMouseEvent* event) {
     m_state.Form_Click();
     refresh();
     QDialog::mousePressEvent(event);

@@ -20,11 +20,11 @@ class DatePicker;
 class NewHolding;
 class Program;
 
-class Newholding : public QDialog {
+class NewHoldingForm : public QDialog {
     Q_OBJECT
 public:
-    explicit Newholding(Program& program, QWidget* parent = nullptr);
-    ~Newholding() override;
+    explicit NewHoldingForm(Program& program, QWidget* parent = nullptr);
+    ~NewHoldingForm() override;
 
     void refresh();
     void reject() override;

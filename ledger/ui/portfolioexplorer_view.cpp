@@ -29,7 +29,7 @@ QTableWidget* makeGrid(const QString& name, QWidget* parent) {
 
 }  // namespace
 
-Portfolioexplorer::Portfolioexplorer(Program& program, QWidget* parent)
+PortfolioExplorerForm::PortfolioExplorerForm(Program& program, QWidget* parent)
     : QWidget(parent), m_program(program), m_state(program.module<PortfolioExplorer>()) {
     setObjectName(QStringLiteral("Portfolioexplorer"));
     setWindowTitle(QStringLiteral("Portfolio Explorer"));
@@ -74,7 +74,7 @@ Portfolioexplorer::Portfolioexplorer(Program& program, QWidget* parent)
     connect(m_MSFlexGrid1, &QTableWidget::cellClicked, this, [this](int row, int) { MSFlexGrid1_Click(row); });
     connect(m_cmbequity, &QComboBox::currentTextChanged, this,
             [this](const QString& text) { m_state.cmbequity.text = text; });
-    connect(m_Command1, &QPushButton::clicked, this, &Portfolioexplorer::Command1_Click);
+    connect(m_Command1, &QPushButton::clicked, this, &PortfolioExplorerForm::Command1_Click);
     connect(m_cmdadd, &QPushButton::clicked, this, [this] {
         m_state.cmdadd_Click();
         refreshFrame();
@@ -84,18 +84,18 @@ Portfolioexplorer::Portfolioexplorer(Program& program, QWidget* parent)
         refreshFrame();
     });
     connect(m_Timer1, &QTimer::timeout, this, [this] { m_state.Timer1_Timer(); });
-    connect(&m_state, &PortfolioExplorer::changed, this, &Portfolioexplorer::refresh);
+    connect(&m_state, &PortfolioExplorer::changed, this, &PortfolioExplorerForm::refresh);
     refresh();
 }
 
-QPushButton* Portfolioexplorer::addButton(const QString& name, const QString& caption, const QString& toolTip) {
+QPushButton* PortfolioExplorerForm::addButton(const QString& name, const QString& caption, const QString& toolTip) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
     button->setToolTip(toolTip);
     return button;
 }
 
-void Portfolioexplorer::refresh() {
+void PortfolioExplorerForm::refresh() {
     showFlexGrid(*m_MSFlexGrid1, m_state.MSFlexGrid1);
     showFlexGrid(*m_MSFlexGrid2, m_state.MSFlexGrid2);
 
@@ -116,7 +116,7 @@ void Portfolioexplorer::refresh() {
     m_cmdcreate->setEnabled(m_state.cmdcreate.enabled);
 }
 
-void Portfolioexplorer::MSFlexGrid1_Click(int tableRow) {
+void PortfolioExplorerForm::MSFlexGrid1_Click(int tableRow) {
     // The table's rows start below the grid's heading row.
     m_state.MSFlexGrid1_Click(tableRow + 1);
     // Setting the interval again starts the count afresh, as a second click does.
@@ -125,7 +125,7 @@ void Portfolioexplorer::MSFlexGrid1_Click(int tableRow) {
     refreshFrame();
 }
 
-void Portfolioexplorer::Command1_Click() {
+void PortfolioExplorerForm::Command1_Click() {
     if (m_state.Command1_Click() == PortfolioExplorer::AdviseStart::ChoosePortfolio) {
         if (auto* portfolio = window()->findChild<QComboBox*>(QStringLiteral("cmbportfolio")))
             portfolio->setFocus();
@@ -134,7 +134,7 @@ void Portfolioexplorer::Command1_Click() {
     refreshFrame();
 }
 
-void Portfolioexplorer::refreshFrame() {
+void PortfolioExplorerForm::refreshFrame() {
     m_program.frame().showChanges();
 }
 

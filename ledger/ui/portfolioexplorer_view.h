@@ -15,10 +15,10 @@ namespace ostravel {
 class PortfolioExplorer;
 class Program;
 
-class Portfolioexplorer : public QWidget {
+class PortfolioExplorerForm : public QWidget {
     Q_OBJECT
 public:
-    explicit Portfolioexplorer(Program& program, QWidget* parent = nullptr);
+    explicit PortfolioExplorerForm(Program& program, QWidget* parent = nullptr);
 
     // Mirrors the state into the widgets.
     void refresh();

@@ -35,7 +35,7 @@ const QString kHelpFile = QStringLiteral("help/TradingScreenHelp.rtf");
 
 }  // namespace
 
-trade::trade(Program& program, QWidget* parent)
+TradeForm::TradeForm(Program& program, QWidget* parent)
     : QDialog(parent), m_program(program), m_state(program.module<Trade>()) {
     setObjectName(QStringLiteral("trade"));
     setModal(true);
@@ -143,11 +143,11 @@ trade::trade(Program& program, QWidget* parent)
     m_txtshare->setFocus();
 }
 
-trade::~trade() {
+TradeForm::~TradeForm() {
     m_state.closeView = nullptr;
 }
 
-QPushButton* trade::addButton(const QString& name, const QString& caption) {
+QPushButton* TradeForm::addButton(const QString& name, const QString& caption) {
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
     button->setAutoDefault(false);
@@ -155,14 +155,14 @@ QPushButton* trade::addButton(const QString& name, const QString& caption) {
 }
 
 template <class Action>
-void trade::act(Action&& action) {
+void TradeForm::act(Action&& action) {
     action();
     // An action that unloaded the state has closed this screen already.
     if (m_state.loaded)
         refresh();
 }
 
-void trade::refresh() {
+void TradeForm::refresh() {
     setWindowTitle(m_state.caption);
     m_txtequity->setText(m_state.txtequity.text);
     for (auto [edit, box] : {std::pair{m_txtshare, &m_state.txtshare}, std::pair{m_txtprice, &m_state.txtprice},
@@ -194,7 +194,7 @@ void trade::refresh() {
 
     if (m_state.helpShown && !m_helpLoaded) {
         m_helpLoaded = true;
-        trapped(m_program.reporter(), QStringLiteral("(Form) trade::Sub cmdhelp_Click"),
+        trapped(m_program.reporter(), QStringLiteral("(Form) TradeForm::Sub cmdhelp_Click"),
                 [&] { loadRichText(m_RichTextBox1, appFile(kHelpFile)); });
     }
     m_helpArea->setVisible(m_state.helpShown);
@@ -219,13 +219,13 @@ void trade::refresh() {
     }
 }
 
-bool trade::eventFilter(QObject* watched, QEvent* event) {
+bool TradeForm::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_txtprice && event->type() == QEvent::FocusOut && m_state.loaded)
         act([&] { m_state.txtprice_LostFocus(); });
     return QDialog::eventFilter(watched, event);
 }
 
-void trade::keyPressEvent(QKeyEvent* event) {
+void TradeForm::keyPressEvent(QKeyEvent* event) {
     // Esc doesn't close this screen: only Close does, with its removal of an untraded holding.
     if (event->key() == Qt::Key_Escape) {
         event->accept();
@@ -234,12 +234,12 @@ void trade::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
 }
 
-void trade::mousePressEvent(QMouseEvent* event) {
+void TradeForm::mousePressEvent(QMouseEvent* event) {
     act([&] { m_state.Form_Click(); });
     QDialog::mousePressEvent(event);
 }
 
-void trade::closeEvent(QCloseEvent* event) {
+void TradeForm::closeEvent(QCloseEvent* event) {
     // The window's own close button unloads without Close's work.
     if (m_state.loaded) {
         m_state.closeView = nullptr;

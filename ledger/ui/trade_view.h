@@ -17,11 +17,11 @@ class DatePicker;
 class Program;
 class Trade;
 
-class trade : public QDialog {
+class TradeForm : public QDialog {
     Q_OBJECT
 public:
-    explicit trade(Program& program, QWidget* parent = nullptr);
-    ~trade() override;
+    explicit TradeForm(Program& program, QWidget* parent = nullptr);
+    ~TradeForm() override;
 
     // Mirrors the state into the widgets, and moves the focus where the state asks.
     void refresh();

@@ -49,7 +49,7 @@ QDateEdit* datePicker(const char* name, QWidget* parent) {
 
 }  // namespace
 
-equitymanager::equitymanager(Program& program, QWidget* parent)
+EquityManagerForm::EquityManagerForm(Program& program, QWidget* parent)
     : QWidget(parent),
       m_program(program),
       m_state(program.module<EquityManager>()),
@@ -76,30 +76,30 @@ equitymanager::equitymanager(Program& program, QWidget* parent)
     refresh();
 }
 
-equitymanager::~equitymanager() {
+EquityManagerForm::~EquityManagerForm() {
     m_state.unload();
 }
 
-QLineEdit* equitymanager::box(const char* name, TextBox& state, QWidget* parent) {
+QLineEdit* EquityManagerForm::box(const char* name, TextBox& state, QWidget* parent) {
     QLineEdit* edit = makeTextBox(QString::fromLatin1(name), state, parent, true);
     m_boxes.append({edit, &state});
     return edit;
 }
 
-QLabel* equitymanager::label(const char* name, Label& state, QWidget* parent) {
+QLabel* EquityManagerForm::label(const char* name, Label& state, QWidget* parent) {
     auto* shown = new QLabel(parent);
     shown->setObjectName(QString::fromLatin1(name));
     m_labels.append({shown, &state});
     return shown;
 }
 
-QPushButton* equitymanager::button(const char* name, const QString& text, QWidget* parent) {
+QPushButton* EquityManagerForm::button(const char* name, const QString& text, QWidget* parent) {
     auto* pushButton = new QPushButton(text, parent);
     pushButton->setObjectName(QString::fromLatin1(name));
     return pushButton;
 }
 
-QGroupBox* equitymanager::makeBeginning() {
+QGroupBox* EquityManagerForm::makeBeginning() {
     auto* Frame1 = new QGroupBox(QStringLiteral("Beginning Position"), this);
     Frame1->setObjectName(QStringLiteral("Frame1"));
     auto* grid = new QGridLayout(Frame1);
@@ -119,7 +119,7 @@ QGroupBox* equitymanager::makeBeginning() {
     return Frame1;
 }
 
-QGroupBox* equitymanager::makeCurrent() {
+QGroupBox* EquityManagerForm::makeCurrent() {
     auto* Frame2_1 = new QGroupBox(QStringLiteral("Current Position Summary"), this);
     Frame2_1->setObjectName(QStringLiteral("Frame2_1"));
     auto* grid = new QGridLayout(Frame2_1);
@@ -147,7 +147,7 @@ QGroupBox* equitymanager::makeCurrent() {
     return Frame2_1;
 }
 
-QGroupBox* equitymanager::makeSettings() {
+QGroupBox* EquityManagerForm::makeSettings() {
     m_Frame2_0 = new QGroupBox(QStringLiteral("Position Management Setting"), this);
     m_Frame2_0->setObjectName(QStringLiteral("Frame2_0"));
     auto* grid = new QGridLayout(m_Frame2_0);
@@ -196,7 +196,7 @@ QGroupBox* equitymanager::makeSettings() {
     return m_Frame2_0;
 }
 
-QGroupBox* equitymanager::makeAdvice() {
+QGroupBox* EquityManagerForm::makeAdvice() {
     auto* Frame3 = new QGroupBox(QStringLiteral("Current Trade Advise"), this);
     Frame3->setObjectName(QStringLiteral("Frame3"));
 
@@ -273,8 +273,8 @@ QGroupBox* equitymanager::makeAdvice() {
     layout->addLayout(buttons);
     layout->addStretch();
 
-    connect(m_Command5, &QPushButton::clicked, this, &equitymanager::Command5_Click);
-    connect(m_cmdaddtrade, &QPushButton::clicked, this, &equitymanager::cmdaddtrade_Click);
+    connect(m_Command5, &QPushButton::clicked, this, &EquityManagerForm::Command5_Click);
+    connect(m_cmdaddtrade, &QPushButton::clicked, this, &EquityManagerForm::cmdaddtrade_Click);
     connect(m_cmdwhatif, &QPushButton::clicked, this, [this] {
         m_actions.cmdwhatif_Click();
         refresh();
@@ -283,7 +283,7 @@ QGroupBox* equitymanager::makeAdvice() {
     return Frame3;
 }
 
-QGroupBox* equitymanager::makeTradeHistory() {
+QGroupBox* EquityManagerForm::makeTradeHistory() {
     auto* Frame5 = new QGroupBox(QStringLiteral("Trade History"), this);
     Frame5->setObjectName(QStringLiteral("Frame5"));
     m_dtbdate = datePicker("dtbdate", Frame5);
@@ -319,7 +319,7 @@ QGroupBox* equitymanager::makeTradeHistory() {
     return Frame5;
 }
 
-QWidget* equitymanager::makeResults() {
+QWidget* EquityManagerForm::makeResults() {
     auto* results = new QGroupBox(this);
     results->setObjectName(QStringLiteral("Results"));
     auto* grid = new QGridLayout(results);
@@ -340,7 +340,7 @@ QWidget* equitymanager::makeResults() {
     return results;
 }
 
-void equitymanager::refresh() {
+void EquityManagerForm::refresh() {
     setWindowTitle(m_state.caption);
     for (const auto& [edit, state] : m_boxes) mirror(edit, *state);
     for (const auto& [shown, state] : m_labels) {
@@ -369,14 +369,14 @@ void equitymanager::refresh() {
     mirror(m_Combo1, m_state.Combo1);
 }
 
-bool equitymanager::event(QEvent* event) {
+bool EquityManagerForm::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::ParentChange:
             // Form_Activate runs each time the screen comes to the front among the frame's
             // children, once the activation itself is over.
             if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()))
                 connect(sub, &QMdiSubWindow::aboutToActivate, this,
-                        [this] { QTimer::singleShot(0, this, &equitymanager::Form_Activate); });
+                        [this] { QTimer::singleShot(0, this, &EquityManagerForm::Form_Activate); });
             break;
         case QEvent::WindowActivate:
             // Back from a dialog (a trade, a setting) that may have advised anew.
@@ -388,13 +388,13 @@ bool equitymanager::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-void equitymanager::Form_Activate() {
+void EquityManagerForm::Form_Activate() {
     m_actions.Form_Activate();
     refresh();
     refreshFrame();
 }
 
-void equitymanager::Command5_Click() {
+void EquityManagerForm::Command5_Click() {
     const EquityManagerActions::Recalculated result = m_actions.Command5_Click();
     refresh();
     refreshFrame();
@@ -402,7 +402,7 @@ void equitymanager::Command5_Click() {
         focusFrameCode();
 }
 
-void equitymanager::cmdaddtrade_Click() {
+void EquityManagerForm::cmdaddtrade_Click() {
     const EquityManagerActions::TradeStart result = m_actions.cmdaddtrade_Click();
     refresh();
     refreshFrame();
@@ -410,12 +410,12 @@ void equitymanager::cmdaddtrade_Click() {
         focusFrameCode();
 }
 
-void equitymanager::focusFrameCode() {
+void EquityManagerForm::focusFrameCode() {
     if (auto* code = window()->findChild<QComboBox*>(QStringLiteral("cmbequity")))
         code->setFocus();
 }
 
-void equitymanager::refreshFrame() {
+void EquityManagerForm::refreshFrame() {
     m_program.frame().showChanges();
 }
 

@@ -22,12 +22,12 @@ class Program;
 struct Label;
 struct TextBox;
 
-class equitymanager : public QWidget {
+class EquityManagerForm : public QWidget {
     Q_OBJECT
 public:
-    explicit equitymanager(Program& program, QWidget* parent = nullptr);
+    explicit EquityManagerForm(Program& program, QWidget* parent = nullptr);
     // Closing the screen unloads it: its controls go back to their design values.
-    ~equitymanager() override;
+    ~EquityManagerForm() override;
 
     // Mirrors the state into the widgets.
     void refresh();

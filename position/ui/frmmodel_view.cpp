@@ -13,7 +13,7 @@
 
 namespace ostravel {
 
-frmmodel::frmmodel(Program& program, const QString& portfolioName, QWidget* parent)
+FrmModelForm::FrmModelForm(Program& program, const QString& portfolioName, QWidget* parent)
     : QDialog(parent), m_state(program.module<FrmModel>()), m_portfolioName(portfolioName) {
     setObjectName(QStringLiteral("frmmodel"));
     setWindowTitle(QStringLiteral("Model"));
@@ -56,11 +56,11 @@ frmmodel::frmmodel(Program& program, const QString& portfolioName, QWidget* pare
     refresh();
 }
 
-frmmodel::~frmmodel() {
+FrmModelForm::~FrmModelForm() {
     m_state.unload = nullptr;
 }
 
-void frmmodel::refresh() {
+void FrmModelForm::refresh() {
     for (int i = 0; i < int(m_Option1.size()); ++i) {
         const QSignalBlocker blocker(m_Option1[i]);
         m_Option1[i]->setText(m_state.Option1[i].caption);
@@ -69,7 +69,7 @@ void frmmodel::refresh() {
     }
 }
 
-void frmmodel::reject() {
+void FrmModelForm::reject() {
     // Escape or the close box: back to Create, unless the dialog has already unloaded itself.
     if (!m_unloaded)
         m_state.cancel();

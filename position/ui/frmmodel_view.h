@@ -13,12 +13,12 @@ namespace ostravel {
 class FrmModel;
 class Program;
 
-class frmmodel : public QDialog {
+class FrmModelForm : public QDialog {
     Q_OBJECT
 public:
     // portfolioName: the name typed in Create, which the chosen model suffixes.
-    frmmodel(Program& program, const QString& portfolioName, QWidget* parent = nullptr);
-    ~frmmodel() override;
+    FrmModelForm(Program& program, const QString& portfolioName, QWidget* parent = nullptr);
+    ~FrmModelForm() override;
 
     void refresh();
     void reject() override;

@@ -29,7 +29,7 @@ QLabel* caption(const char* text, QWidget* parent) {
 
 }  // namespace
 
-setting::setting(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<Setting>()) {
+SettingForm::SettingForm(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<Setting>()) {
     setObjectName(QStringLiteral("setting"));
     setModal(true);
 
@@ -75,7 +75,7 @@ setting::setting(Program& program, QWidget* parent) : QDialog(parent), m_state(p
     helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(Setting::kHelpExtraTwips));
     helpLayout->addWidget(m_RichTextBox1);
     m_helpArea->hide();
-    trapped(program.reporter(), QStringLiteral("(Form) setting::Sub Form_Load"),
+    trapped(program.reporter(), QStringLiteral("(Form) SettingForm::Sub Form_Load"),
             [&] { loadRichText(m_RichTextBox1, appFile(QStringLiteral("help/PositionManagement.rtf"))); });
 
     auto* layout = new QVBoxLayout(this);
@@ -90,15 +90,15 @@ setting::setting(Program& program, QWidget* parent) : QDialog(parent), m_state(p
         m_state.cmdok_Click();
         refresh();
     });
-    connect(m_cmdhelp, &QPushButton::clicked, this, &setting::cmdhelp_Click);
+    connect(m_cmdhelp, &QPushButton::clicked, this, &SettingForm::cmdhelp_Click);
     refresh();
 }
 
-setting::~setting() {
+SettingForm::~SettingForm() {
     m_state.unload = nullptr;
 }
 
-void setting::refresh() {
+void SettingForm::refresh() {
     setWindowTitle(m_state.caption);
     for (const auto& [edit, box] : m_boxes) mirror(edit, *box);
     m_cmdhelp->setText(m_state.cmdhelp.caption);
@@ -106,7 +106,7 @@ void setting::refresh() {
     m_helpArea->setVisible(m_state.helpShown);
 }
 
-void setting::cmdhelp_Click() {
+void SettingForm::cmdhelp_Click() {
     m_state.cmdhelp_Click();
     refresh();
 }

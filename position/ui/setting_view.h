@@ -16,11 +16,11 @@ namespace ostravel {
 class Program;
 class Setting;
 
-class setting : public QDialog {
+class SettingForm : public QDialog {
     Q_OBJECT
 public:
-    explicit setting(Program& program, QWidget* parent = nullptr);
-    ~setting() override;
+    explicit SettingForm(Program& program, QWidget* parent = nullptr);
+    ~SettingForm() override;
 
     void refresh();
 

@@ -36,7 +36,8 @@ QGroupBox* frameOn(QWidget* tab, const char* name) {
 
 }  // namespace
 
-websetting::websetting(Program& program, QWidget* parent) : QDialog(parent), m_state(program.module<WebSetting>()) {
+WebSettingForm::WebSettingForm(Program& program, QWidget* parent)
+    : QDialog(parent), m_state(program.module<WebSetting>()) {
     setObjectName(QStringLiteral("websetting"));
     setWindowTitle(QStringLiteral("Configuration Setting"));
     setModal(true);
@@ -77,24 +78,24 @@ websetting::websetting(Program& program, QWidget* parent) : QDialog(parent), m_s
     refresh();
 }
 
-websetting::~websetting() {
+WebSettingForm::~WebSettingForm() {
     m_state.unload = nullptr;
 }
 
-QLineEdit* websetting::box(const char* name, TextBox& state, QWidget* parent, bool numeric) {
+QLineEdit* WebSettingForm::box(const char* name, TextBox& state, QWidget* parent, bool numeric) {
     QLineEdit* edit = makeTextBox(QString::fromLatin1(name), state, parent, numeric);
     m_boxes.append({edit, &state});
     return edit;
 }
 
-QComboBox* websetting::combo(const char* name, ComboBox& state, QWidget* parent, const char* toolTip) {
+QComboBox* WebSettingForm::combo(const char* name, ComboBox& state, QWidget* parent, const char* toolTip) {
     QComboBox* c = makeComboBox(QString::fromLatin1(name), state, parent);
     c->setToolTip(QString::fromUtf8(toolTip));
     m_combos.append({c, &state});
     return c;
 }
 
-QWidget* websetting::positionTab() {
+QWidget* WebSettingForm::positionTab() {
     auto* tab = new QWidget;
     QGroupBox* Frame1 = frameOn(tab, "Frame1");
     auto* grid = new QGridLayout(Frame1);
@@ -127,7 +128,7 @@ QWidget* websetting::positionTab() {
     return tab;
 }
 
-QWidget* websetting::serviceTab() {
+QWidget* WebSettingForm::serviceTab() {
     auto* tab = new QWidget;
     QGroupBox* Frame2 = frameOn(tab, "Frame2");
     auto* form = new QFormLayout(Frame2);
@@ -140,7 +141,7 @@ QWidget* websetting::serviceTab() {
     return tab;
 }
 
-QWidget* websetting::userTab() {
+QWidget* WebSettingForm::userTab() {
     auto* tab = new QWidget;
     QGroupBox* Frame3 = frameOn(tab, "Frame3");
     auto* form = new QFormLayout(Frame3);
@@ -154,12 +155,12 @@ QWidget* websetting::userTab() {
     return tab;
 }
 
-void websetting::press(void (WebSetting::*button)()) {
+void WebSettingForm::press(void (WebSetting::*button)()) {
     (m_state.*button)();
     refresh();
 }
 
-void websetting::refresh() {
+void WebSettingForm::refresh() {
     for (const auto& [edit, state] : m_boxes) mirror(edit, *state);
     for (const auto& [c, state] : m_combos) mirror(c, *state);
     m_Check2->setChecked(m_state.Check2 != 0);

@@ -18,11 +18,11 @@ namespace ostravel {
 class Program;
 class WebSetting;
 
-class websetting : public QDialog {
+class WebSettingForm : public QDialog {
     Q_OBJECT
 public:
-    explicit websetting(Program& program, QWidget* parent = nullptr);
-    ~websetting() override;
+    explicit WebSettingForm(Program& program, QWidget* parent = nullptr);
+    ~WebSettingForm() override;
 
     void refresh();
 

@@ -121,7 +121,7 @@ private Q_SLOTS:
     void newholdingCreatesTheHoldingAndHandsOverToTrade() {
         addPortfolio(m_program->store().database(), QStringLiteral("Growth"));
         m_program->frame().MDIForm_Load();
-        Newholding dialog(*m_program);
+        NewHoldingForm dialog(*m_program);
         dialog.show();
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Create New Holding Wizad"));
         struct Tip {
@@ -243,7 +243,7 @@ private Q_SLOTS:
         auto* symbol = frame.findChild<frmnewsymbol*>(QStringLiteral("frmnewsymbol"));
         QVERIFY(symbol && symbol->isVisible());
 
-        Portfolioexplorer overview(*m_program);
+        PortfolioExplorerForm overview(*m_program);
         for (const char* name : {"cmdadd", "cmdcreate"}) {
             auto* button = child(overview, name);
             QVERIFY2(button->isEnabled(), name);

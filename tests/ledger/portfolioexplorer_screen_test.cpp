@@ -41,7 +41,7 @@ private Q_SLOTS:
     void gridsShowTheOverviewWithHeadingsWidthsAndColours() {
         m_program->frame().cmbportfolio.text = kPortfolio;
         selectportfolio(*m_program);
-        Portfolioexplorer screen(*m_program);
+        PortfolioExplorerForm screen(*m_program);
         auto* grid1 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
         auto* grid2 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid2"));
         QVERIFY(grid1 && grid2);
@@ -68,7 +68,7 @@ private Q_SLOTS:
     }
 
     void buttonsCarryTheirCaptionsAndTips() {
-        Portfolioexplorer screen(*m_program);
+        PortfolioExplorerForm screen(*m_program);
         struct Case {
             const char* name;
             const char* caption;
@@ -98,7 +98,7 @@ private Q_SLOTS:
     void clickShowsTheRecommendationUntilTheTimerHidesIt() {
         m_program->frame().cmbportfolio.text = kPortfolio;
         selectportfolio(*m_program);
-        Portfolioexplorer screen(*m_program);
+        PortfolioExplorerForm screen(*m_program);
         screen.show();
         auto* grid1 = screen.findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"));
         auto* lbladvise = screen.findChild<QLabel*>(QStringLiteral("lbladvise"));

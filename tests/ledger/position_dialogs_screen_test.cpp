@@ -47,7 +47,7 @@ private Q_SLOTS:
 
     void settingShowsItsCaptionsAndProposesTheCash() {
         m_program->module<Setting>().caption = QStringLiteral("Setting for INFY");
-        setting dialog(*m_program);
+        SettingForm dialog(*m_program);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Setting for INFY"));
         QCOMPARE(dialog.findChild<QGroupBox*>(QStringLiteral("Frame1"))->title(),
                  QStringLiteral("Position Management Setting"));
@@ -60,7 +60,7 @@ private Q_SLOTS:
     }
 
     void settingHelpGrowsTheDialogAndBack() {
-        setting dialog(*m_program);
+        SettingForm dialog(*m_program);
         dialog.show();
         auto* help = dialog.findChild<QPushButton*>(QStringLiteral("cmdhelp"));
         auto* text = dialog.findChild<QTextBrowser*>(QStringLiteral("RichTextBox1"));
@@ -80,8 +80,8 @@ private Q_SLOTS:
     }
 
     void numericBoxesTakeDigitsAndPointsOnly() {
-        setting dialog(*m_program);
-        websetting web(*m_program);
+        SettingForm dialog(*m_program);
+        WebSettingForm web(*m_program);
         struct Case {
             QWidget* dialog;
             const char* box;
@@ -104,7 +104,7 @@ private Q_SLOTS:
     }
 
     void settingOkWritesTheRuleForAllHoldingsAndCloses() {
-        setting dialog(*m_program);
+        SettingForm dialog(*m_program);
         dialog.show();
         auto type = [&](const char* box, const char* text) {
             auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(box));
@@ -134,7 +134,7 @@ private Q_SLOTS:
     }
 
     void websettingShowsItsTabsCaptionsAndTips() {
-        websetting dialog(*m_program);
+        WebSettingForm dialog(*m_program);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Configuration Setting"));
         auto* tabs = dialog.findChild<QTabWidget*>(QStringLiteral("SSTab1"));
         QCOMPARE(tabs->count(), 3);
@@ -180,7 +180,7 @@ private Q_SLOTS:
         // Apply on the first tab takes each column from BuyFee on from the box before its own.
         const Case cases[] = {{"cmdapply", 2000, 7, false}, {"cmdok", 0.5, 9, true}};
         for (const Case& c : cases) {
-            websetting dialog(*m_program);
+            WebSettingForm dialog(*m_program);
             dialog.show();
             auto type = [&](const char* box, const char* text) {
                 auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(box));
@@ -204,7 +204,7 @@ private Q_SLOTS:
 
     void websettingEscapeAndCancelClose() {
         for (const bool escape : {true, false}) {
-            websetting dialog(*m_program);
+            WebSettingForm dialog(*m_program);
             dialog.show();
             QVERIFY(dialog.isVisible());
             if (escape)
@@ -219,7 +219,7 @@ private Q_SLOTS:
     void frmmodelOffersThreeModelsAndSuffixesTheName() {
         bool newholding = false;
         m_program->module<FrmModel>().showNewholding = [&] { newholding = true; };
-        frmmodel dialog(*m_program, kPortfolio);
+        FrmModelForm dialog(*m_program, kPortfolio);
         dialog.show();
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Model"));
         QCOMPARE(dialog.findChild<QGroupBox*>(QStringLiteral("Frame1"))->title(), QStringLiteral("Select Model"));
@@ -246,7 +246,7 @@ private Q_SLOTS:
     void frmmodelEscapeGoesBackToCreate() {
         bool create = false;
         m_program->module<FrmModel>().showCreate = [&] { create = true; };
-        frmmodel dialog(*m_program, kPortfolio);
+        FrmModelForm dialog(*m_program, kPortfolio);
         dialog.show();
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());

@@ -72,7 +72,7 @@ private Q_SLOTS:
         Trade& state = m_program->module<Trade>();
         state.load();
         state.caption = Trade::kTradeCaption + m_program->frame().caption;
-        trade screen(*m_program);
+        TradeForm screen(*m_program);
         screen.show();
         QVERIFY(QTest::qWaitForWindowExposed(&screen));
         QCOMPARE(screen.windowTitle(), QStringLiteral("Trade Details of  Ostravel - A Friendly Stock Consultant"));
@@ -124,7 +124,7 @@ private Q_SLOTS:
     }
 
     void tradeDateButtonAndHelp() {
-        trade screen(*m_program);
+        TradeForm screen(*m_program);
         screen.show();
         QVERIFY(QTest::qWaitForWindowExposed(&screen));
         auto* picker = child<DatePicker>(screen, "DatePicker1");
@@ -152,9 +152,9 @@ private Q_SLOTS:
 
     void addremovecashDepositsThroughTheScreen() {
         Screens& screens = m_program->module<Screens>();
-        std::unique_ptr<addremovecash> screen;
+        std::unique_ptr<AddRemoveCashForm> screen;
         screens.setOpener(QStringLiteral("addremovecash"), [&] {
-            screen = std::make_unique<addremovecash>(*m_program);
+            screen = std::make_unique<AddRemoveCashForm>(*m_program);
             screen->show();
         });
         showCashMovement(*m_program, CashMovement::Deposit);
@@ -181,7 +181,7 @@ private Q_SLOTS:
     }
 
     void addremovecashClosesOnEscape() {
-        addremovecash screen(*m_program);
+        AddRemoveCashForm screen(*m_program);
         screen.show();
         QVERIFY(QTest::qWaitForWindowExposed(&screen));
         QTest::keyClick(&screen, Qt::Key_Escape);
@@ -190,7 +190,7 @@ private Q_SLOTS:
     }
 
     void frmsplitSplitsOneForTwo() {
-        frmsplit screen(*m_program);
+        FrmSplitForm screen(*m_program);
         screen.show();
         QVERIFY(QTest::qWaitForWindowExposed(&screen));
         QCOMPARE(screen.windowTitle(), QStringLiteral("Stock Split"));
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QVERIFY(!screen.isVisible());
         QCOMPARE(column(QStringLiteral("CurrentShares")), 5.0);
 
-        frmsplit again(*m_program);
+        FrmSplitForm again(*m_program);
         again.show();
         QVERIFY(QTest::qWaitForWindowExposed(&again));
         QTest::keyClick(&again, Qt::Key_Escape);

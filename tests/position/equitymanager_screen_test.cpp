@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     // Group boxes by their title, buttons by their caption, boxes by their tip; then the labels.
     void captionsTipsAndWords() {
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         const QStringList controls =
             QStringLiteral(
                 "Frame2_1=Current Position Summary|Frame2_0=Position Management Setting|Frame3=Current Trade Advise|"
@@ -87,7 +87,7 @@ private Q_SLOTS:
     }
 
     void everyBoxTakesOnlyNumbers() {
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         QList<QLineEdit*> boxes;
         for (QLineEdit* box : screen.findChildren<QLineEdit*>())
             if (box->objectName().startsWith(QStringLiteral("txt")))
@@ -104,7 +104,7 @@ private Q_SLOTS:
 
     void recalculateMirrorsTheAdviceWithItsColours() {
         addHolding(140);
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         screen.findChild<QPushButton*>(QStringLiteral("Command5"))->click();
 
         QCOMPARE(screen.findChild<QLabel*>(QStringLiteral("lbladvise"))->text(), QStringLiteral("SELL"));
@@ -133,7 +133,7 @@ private Q_SLOTS:
     void combo1MovesTheBeginDate() {
         QFETCH(QString, choice);
         QFETCH(int, daysBack);
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         auto* begin = screen.findChild<QDateEdit*>(QStringLiteral("dtbdate"));
         auto* end = screen.findChild<QDateEdit*>(QStringLiteral("dtedate"));
         QCOMPARE(end->date(), QDate::currentDate());
@@ -148,7 +148,7 @@ private Q_SLOTS:
     }
 
     void aPickedDateReachesTheState() {
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         const QDate picked(2021, 3, 4);
         screen.findChild<QDateEdit*>(QStringLiteral("dtedate"))->setDate(picked);
         QCOMPARE(m_program->module<EquityManager>().dtedate, dateSerial(picked));
@@ -158,7 +158,7 @@ private Q_SLOTS:
         m_program->frame().cmbportfolio.text = QStringLiteral("Growth");
         m_prompt->answer(Answer::No);
         QMdiArea area;
-        area.addSubWindow(new equitymanager(*m_program))->show();
+        area.addSubWindow(new EquityManagerForm(*m_program))->show();
         area.show();
         QTRY_COMPARE(m_prompt->messages().size(), 1);
         QCOMPARE(m_prompt->messages().front(),
@@ -167,7 +167,7 @@ private Q_SLOTS:
     }
 
     void saveSettingWritesWhatWasTyped() {
-        equitymanager screen(*m_program);
+        EquityManagerForm screen(*m_program);
         loadusersetting(*m_program);
         screen.refresh();
         auto* box = screen.findChild<QLineEdit*>(QStringLiteral("txtmtsell"));
@@ -214,7 +214,7 @@ private Q_SLOTS:
     void closingTheScreenUnloadsIt() {
         EquityManager& state = m_program->module<EquityManager>();
         {
-            equitymanager screen(*m_program);
+            EquityManagerForm screen(*m_program);
             QVERIFY(state.loaded);
             state.lbladvise.caption = QStringLiteral("BUY");
         }

@@ -16,9 +16,9 @@ protected:
     void SetUp() override { setAppPath(folder.path()); }
     QString livePath() const { return folder.file(QStringLiteral("database/ostravel.mdb")); }
     std::vector<std::shared_ptr<Recordset>*> all() {
-        return {&store.users,    &store.portfolio,  &store.trades,       &store.equity,
-                &store.qoutense, &store.NiftyQuote, &store.currentprice, &store.simulation,
-                &store.compare,  &store.niftyquote, &store.bank,         &store.transaction_};
+        return {&store.users,    &store.portfolio,       &store.trades,       &store.equity,
+                &store.qoutense, &store.niftyQuoteTable, &store.currentprice, &store.simulation,
+                &store.compare,  &store.niftyquote,      &store.bank,         &store.transaction_};
     }
 
     ScratchFolder folder;
