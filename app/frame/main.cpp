@@ -8,6 +8,7 @@
 #include "app/program.h"
 #include "app/program_folder.h"
 #include "app/single_instance.h"
+#include "market/hosts.h"
 #include "widgets/qt_prompt.h"
 
 using namespace ostravel;
@@ -23,7 +24,10 @@ int main(int argc, char** argv) {
     if (refuseSecondInstance(instance, prompt))
         return 1;
 
-    if (const QString problem = prepareProgramFolder(); !problem.isEmpty()) {
+    QString problem = prepareProgramFolder();
+    if (problem.isEmpty())
+        problem = ensureHostsFile();
+    if (!problem.isEmpty()) {
         prompt.message(problem, Buttons::OK, Icon::Critical, QStringLiteral("Ostravel"));
         return 1;
     }

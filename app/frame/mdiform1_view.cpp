@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <algorithm>
+#include <string_view>
 
 #include "app/frame/help_window.h"
 #include "app/frame/quick_view.h"
@@ -28,6 +29,9 @@
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/portfolioexplorer.h"
+#include "market/gethistory.h"
+#include "market/history.h"
+#include "market/ui/market_actions.h"
 #include "position/ui/websetting_view.h"
 #include "safety/ui/backup_view.h"
 #include "safety/ui/restore_view.h"
@@ -126,7 +130,7 @@ void MDIForm1View::buildCoolBar() {
     m_cmbequity->lineEdit()->installEventFilter(this);
     bar->addWidget(m_cmbequity);
 
-    // The buttons of the market-data and simulation screens, disabled until those screens exist.
+    // The buttons of the simulation and the ticker, disabled until those screens exist.
     const std::pair<const char*, const char*> buttons[] = {{"Command1", "Get History"},
                                                            {"cmdupdatehistory", "Update History"},
                                                            {"cdmrunsimulation", "Run Simulation"},
@@ -135,9 +139,20 @@ void MDIForm1View::buildCoolBar() {
     for (const auto& [name, caption] : buttons) {
         auto* button = new QPushButton(QString::fromUtf8(caption), bar);
         button->setObjectName(QString::fromUtf8(name));
-        button->setEnabled(false);
+        button->setEnabled(name == std::string_view("cmdupdatehistory") || name == std::string_view("cmdonlinestatus"));
         bar->addWidget(button);
     }
+    auto* updateHistory = bar->findChild<QPushButton*>(QStringLiteral("cmdupdatehistory"));
+    connect(updateHistory, &QPushButton::clicked, this, [this] {
+        runUpdateHistory(m_program, this);
+        refresh();
+    });
+    auto* onlineStatus = bar->findChild<QPushButton*>(QStringLiteral("cmdonlinestatus"));
+    connect(onlineStatus, &QPushButton::clicked, this, [this, onlineStatus] {
+        onlineStatus->setText(cmdonlinestatus_Click(m_program, onlineStatus->text()));
+        refresh();
+    });
+    m_program.module<HistoryState>().focusCmbequity = [this] { m_cmbequity->setFocus(); };
 
     connect(m_cmbportfolio, &QComboBox::currentTextChanged, this, [this](const QString& text) {
         m_program.frame().cmbportfolio.text = text;
@@ -200,6 +215,18 @@ void MDIForm1View::connectMenu() {
     for (const auto& [name, movement] : cashEntries)
         connect(action(QString::fromLatin1(name)), &QAction::triggered, this,
                 [this, movement] { showCashMovement(m_program, movement); });
+    connect(action(QStringLiteral("mnuproxy")), &QAction::triggered, this,
+            [this] { showProxySettings(m_program, this); });
+    connect(action(QStringLiteral("mnuimporthistory")), &QAction::triggered, this,
+            [this] { showImportHistory(m_program, this); });
+    connect(action(QStringLiteral("Openfile")), &QAction::triggered, this, [this] {
+        runOpenFile(m_program);
+        refresh();
+    });
+    connect(action(QStringLiteral("mnugethistory")), &QAction::triggered, this, [this] {
+        runGetHistoryAll(m_program, this);
+        refresh();
+    });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     const std::pair<const char*, const char*> ledgerEntries[] = {
         {"portfoliomanager", "frmportwizard"},
