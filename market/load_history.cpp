@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <QFileInfo>
+#include <cstdio>
 
 #include "app/base/apppath.h"
 #include "app/base/trap.h"
@@ -11,6 +12,7 @@
 #include "app/base/vbmath.h"
 #include "app/program.h"
 #include "market/history.h"
+#include "market/history_fields.h"
 #include "market/text_lines.h"
 #include "safety/whole_file.h"
 #include "store/database.h"
@@ -26,7 +28,15 @@ const QString kInsert = QStringLiteral(
     "insert into simulation (date, Open, High, Low, Close, Volume, EquitySymbol) values (?, ?, ?, ?, ?, ?, ?)");
 
 double fieldNumber(QByteArrayView field) {
+    if (const std::optional<double> quick = plainDecimal(field))
+        return *quick;
     return Val(QString::fromLatin1(field));
+}
+
+double roundedPrice(QByteArrayView field) {
+    if (const std::optional<double> quick = roundedPlainDecimal(field))
+        return *quick;
+    return Round(fieldNumber(field), 3);
 }
 
 }  // namespace
@@ -114,7 +124,7 @@ bool LoadHistoryFile(Program& program) {
     SqliteConnection& connection = *database.connection();
     Statement insert = connection.cached(kInsert);
     sqlite3_stmt* row = insert.get();
-    const Variant symbolValue(symbol);
+    const QByteArray symbolText = symbol.toUtf8();
     std::size_t index = 0;
     TextLines reading(text);
     QByteArrayView line;
@@ -133,24 +143,33 @@ bool LoadHistoryFile(Program& program) {
             const QByteArrayView date = fields.next();
             if (date.isEmpty())
                 return;
-            record.Date = format(Variant(QString::fromLatin1(date)), QStringLiteral("dd/mm/YYYY"));
             sqlite3_reset(row);
             sqlite3_clear_bindings(row);
-            trapped(reporter, kPlace, [&] { bindField(row, 1, toFieldValue(Variant(record.Date), FieldKind::Date)); });
+            if (const std::optional<QDate> day = fileDay(date)) {
+                char iso[11];
+                std::snprintf(iso, sizeof iso, "%04d-%02d-%02d", day->year(), day->month(), day->day());
+                record.Date = QString::fromLatin1(iso + 8, 2) + QLatin1Char('/') + QLatin1String(iso + 5, 2) +
+                              QLatin1Char('/') + QLatin1String(iso, 4);
+                sqlite3_bind_text(row, 1, iso, 10, SQLITE_TRANSIENT);
+            } else {
+                record.Date = format(Variant(QString::fromLatin1(date)), QStringLiteral("dd/mm/YYYY"));
+                trapped(reporter, kPlace,
+                        [&] { bindField(row, 1, toFieldValue(Variant(record.Date), FieldKind::Date)); });
+            }
             double* prices[] = {&record.Open, &record.High, &record.Low, &record.Close};
             for (int column = 0; column < 4; ++column) {
                 const QByteArrayView field = fields.next();
                 if (field.isEmpty())
                     return;  // an empty field ends the line; the row is not written
-                *prices[column] = Round(fieldNumber(field), 3);
-                bindField(row, column + 2, Variant(*prices[column]));
+                *prices[column] = roundedPrice(field);
+                sqlite3_bind_double(row, column + 2, *prices[column]);
             }
             const QByteArrayView volume = fields.next();
             if (volume.isEmpty())
                 return;
             const double value = fieldNumber(volume);
-            bindField(row, 6, Variant(value));
-            bindField(row, 7, symbolValue);
+            sqlite3_bind_double(row, 6, value);
+            sqlite3_bind_text(row, 7, symbolText.constData(), static_cast<int>(symbolText.size()), SQLITE_STATIC);
             trapped(reporter, kPlace, [&] { record.Volume = toLongInteger(value); });
             insert.step();
             connection.noteWrite();

@@ -8,6 +8,7 @@
 #include "app/base/vbformat.h"
 #include "app/program.h"
 #include "market/history.h"
+#include "market/history_fields.h"
 #include "market/text_lines.h"
 #include "safety/whole_file.h"
 
@@ -65,7 +66,9 @@ std::optional<QByteArray> historyFileBytes(QByteArrayView buffer) {
             continue;
         QByteArray line = view.toByteArray();
         const QByteArray first = line.left(comma);
-        if (const auto serial = parseDate(QString::fromLatin1(first)))
+        if (const std::optional<QDate> day = isoDay(first))
+            line.replace(first, fileDayText(*day).toLatin1());
+        else if (const auto serial = parseDate(QString::fromLatin1(first)))
             line.replace(first, formatDate(*serial, QStringLiteral("dd/mmm/yyyy")).toLatin1());
         const bool isHeader = first == "Date";
         if (isHeader && !headerSeen) {

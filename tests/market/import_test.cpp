@@ -1,6 +1,8 @@
 // The import of history files by their header names, on the layouts of tests/data.
 #include <gtest/gtest.h>
 
+#include "app/base/vbmath.h"
+#include "market/history_fields.h"
 #include "market/history_import.h"
 #include "tests/market/market_fixture.h"
 
@@ -41,6 +43,24 @@ TEST(HistoryImport, NewestFirstRowsComeOutOldestFirstAndBadRowsAreCounted) {
     EXPECT_EQ(result.file, "Date,Open,High,Low,Close,Volume\r\n16/Feb/2006,1,2,3,4,5\r\n17/Feb/2006,1,2,3,4,5\r\n");
     EXPECT_EQ(importSummary(result), QStringLiteral("2 rows written, 1 null rows skipped, 2 rows refused"));
     EXPECT_EQ(importHistory("Date,Open,High,Low,Close\n").error, QStringLiteral("The file has no column \"volume\"."));
+}
+
+}  // namespace
+}  // namespace ostravel::test
+
+namespace ostravel::test {
+namespace {
+
+TEST(HistoryFields, QuickReadingsGiveWhatTheRunTimeGives) {
+    for (const char* text : {"15.859429", "2.6745", "2.6755", "9.9995", "999.9999", "0.0005", "0.0015", "12", "7.1",
+                             "1.23450000001", "16.600000381469727", "-3.5", "1e3", "null", "3061024.0"}) {
+        const double expected = Round(Val(QString::fromLatin1(text)), 3);
+        EXPECT_EQ(roundedPlainDecimal(text).value_or(expected), expected) << text;
+    }
+    EXPECT_TRUE(roundedPlainDecimal("15.859429").has_value());
+    EXPECT_EQ(fileDayText(*isoDay("2006-02-17")), QStringLiteral("17/Feb/2006"));
+    EXPECT_EQ(fileDay("17/Feb/2006"), QDate(2006, 2, 17));
+    EXPECT_FALSE(isoDay("2006-02-30").has_value());
 }
 
 }  // namespace
