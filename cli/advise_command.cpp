@@ -3,14 +3,14 @@
 #include <cstdlib>
 #include <optional>
 
-#include "app/base/prompt.h"
-#include "app/program.h"
 #include "cli/commands.h"
 #include "cli/headless_prompt.h"
+#include "context/program.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/prompt.h"
 
 namespace ostravel::cli {
 

@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "app/base/prompt.h"
+#include "runtime/prompt.h"
 
 namespace ostravel::cli {
 

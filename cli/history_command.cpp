@@ -5,10 +5,9 @@
 #include <cstdlib>
 #include <optional>
 
-#include "app/base/vbdate.h"
-#include "app/program.h"
 #include "cli/commands.h"
 #include "cli/headless_prompt.h"
+#include "context/program.h"
 #include "market/day_store.h"
 #include "market/getfrominet.h"
 #include "market/history.h"
@@ -17,6 +16,7 @@
 #include "market/parse_history.h"
 #include "market/update_history.h"
 #include "position/equitymanager.h"
+#include "runtime/vbdate.h"
 #include "safety/whole_file.h"
 
 namespace ostravel::cli {

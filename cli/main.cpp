@@ -5,8 +5,8 @@
 #include <functional>
 #include <map>
 
-#include "app/base/apppath.h"
 #include "cli/commands.h"
+#include "runtime/apppath.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <ifaddrs.h>
 #include <net/if.h>
 
-#include "app/base/prompt.h"
+#include "runtime/prompt.h"
 
 namespace ostravel {
 

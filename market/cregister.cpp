@@ -3,7 +3,7 @@
 #include <QSettings>
 #include <memory>
 
-#include "app/base/vbmath.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -1,8 +1,8 @@
 #include "market/day_file.h"
 
-#include "app/base/vbdate.h"
-#include "app/base/vbmath.h"
 #include "market/text_lines.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

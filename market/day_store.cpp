@@ -3,10 +3,10 @@
 #include <QDir>
 #include <set>
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
 #include "market/hosts.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 
 namespace ostravel {
 

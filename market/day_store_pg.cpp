@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "app/base/vberror.h"
 #include "market/day_store.h"
+#include "runtime/vberror.h"
 #include "store/dberrors.h"
 
 namespace ostravel {

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 
-#include "app/program.h"
+#include "context/program.h"
 
 namespace ostravel {
 

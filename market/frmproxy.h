@@ -2,7 +2,7 @@
 // rule of the two boxes, and Save that is only offered after a change.
 #pragma once
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 namespace ostravel {
 

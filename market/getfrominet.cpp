@@ -12,13 +12,13 @@
 #include <QThread>
 #include <cerrno>
 
-#include "app/base/trap.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/cregister.h"
 #include "market/doevents.h"
 #include "market/hosts.h"
 #include "market/winsock.h"
+#include "runtime/trap.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -1,13 +1,13 @@
 #include "market/gethistory.h"
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/doevents.h"
 #include "market/getfrominet.h"
 #include "market/history.h"
 #include "market/load_history.h"
 #include "position/equitymanager.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 
 namespace ostravel {
 

@@ -1,15 +1,15 @@
 #include "market/history.h"
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/doevents.h"
 #include "market/getfrominet.h"
 #include "market/hosts.h"
 #include "market/parse_history.h"
 #include "position/equitymanager.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string>
 
-#include "app/base/vbdate.h"
+#include "runtime/vbdate.h"
 
 namespace ostravel {
 

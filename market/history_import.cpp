@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <array>
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
 #include "market/text_lines.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "safety/whole_file.h"
 
 namespace ostravel {

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QSettings>
 
-#include "app/base/apppath.h"
+#include "runtime/apppath.h"
 
 namespace ostravel {
 

@@ -5,15 +5,15 @@
 #include <QFileInfo>
 #include <cstdio>
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/base/variant.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/history.h"
 #include "market/history_fields.h"
 #include "market/text_lines.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
+#include "runtime/variant.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "safety/whole_file.h"
 #include "store/database.h"
 #include "store/fieldvalue.h"

@@ -3,13 +3,13 @@
 #include <QFile>
 #include <vector>
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/history.h"
 #include "market/history_fields.h"
 #include "market/text_lines.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "safety/whole_file.h"
 
 namespace ostravel {

@@ -2,13 +2,13 @@
 
 #include <QDir>
 
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/day_file.h"
 #include "market/day_store.h"
 #include "market/doevents.h"
 #include "market/hosts.h"
 #include "market/openurl.h"
+#include "runtime/trap.h"
 #include "safety/whole_file.h"
 
 namespace ostravel {

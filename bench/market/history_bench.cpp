@@ -7,14 +7,14 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "market/day_store.h"
 #include "market/history.h"
 #include "market/load_history.h"
 #include "market/parse_history.h"
 #include "market/update_history.h"
+#include "runtime/apppath.h"
+#include "runtime/scripted_prompt.h"
 #include "store/database.h"
 
 namespace ostravel {

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QProgressDialog>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "market/frmproxy.h"
 #include "market/gethistory.h"
 #include "market/history.h"

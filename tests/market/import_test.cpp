@@ -1,9 +1,9 @@
 // The import of history files by their header names, on the layouts of tests/data.
 #include <gtest/gtest.h>
 
-#include "app/base/vbmath.h"
 #include "market/history_fields.h"
 #include "market/history_import.h"
+#include "runtime/vbmath.h"
 #include "tests/market/market_fixture.h"
 
 namespace ostravel::test {

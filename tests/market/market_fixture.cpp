@@ -3,9 +3,9 @@
 #include <QFile>
 #include <QSettings>
 
-#include "app/base/vbdate.h"
 #include "market/winsock.h"
 #include "position/equitymanager.h"
+#include "runtime/vbdate.h"
 
 namespace ostravel::test {
 
