@@ -21,6 +21,9 @@
 #include "position/advice.h"
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
+#include "simulation/ui/frmtradehistory_view.h"
+#include "simulation/ui/results_view.h"
+#include "simulation/ui/simulation_actions.h"
 
 namespace ostravel {
 
@@ -90,9 +93,14 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     // advice asks for), setting.
     // The equity manager mirrors its state again once the procedure that asked for it has
     // finished writing there.
+    // The frame puts the simulation's results beside its narrative on the equity manager.
     screens.setOpener(QStringLiteral("equitymanager"), [&frame, &program] {
-        auto* screen = static_cast<EquityManagerForm*>(frame.showSingleChild(
-            QStringLiteral("equitymanager"), [&program] { return new EquityManagerForm(program); }));
+        auto* screen =
+            static_cast<EquityManagerForm*>(frame.showSingleChild(QStringLiteral("equitymanager"), [&program] {
+                auto* made = new EquityManagerForm(program);
+                made->addSimulationPage(new SimulationResultsView(program), QStringLiteral("Results"));
+                return made;
+            }));
         screen->refresh();
         QTimer::singleShot(0, screen, &EquityManagerForm::refresh);
     });
@@ -105,6 +113,10 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         dialog.exec();
     });
     installLedgerRequests(program);
+    installSimulationRequests(program, &frame);
+    screens.setOpener(QStringLiteral("frmtradehistory"), [&frame, &program] {
+        frame.showSingleChild(QStringLiteral("frmtradehistory"), [&program] { return new TradeHistoryForm(program); });
+    });
     AdviceValues& advice = program.module<AdviceValues>();
     advice.showPortfolioexplorer = [&screens] { screens.show(QStringLiteral("Portfolioexplorer")); };
     advice.focusCmbequityname = [&frame] {

@@ -11,5 +11,6 @@ int he3(const QStringList& args);
 int advise(const QStringList& args);
 int history(const QStringList& args);
 int bhav(const QStringList& args);
+int simulate(const QStringList& args);
 
 }  // namespace ostravel::cli

@@ -15,7 +15,9 @@ int usage() {
                            "       ostravel-cli he3 pack|unpack IN OUT\n"
                            "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n"
                            "       ostravel-cli [--folder DIR] history save|load|fetch|import --symbol S ...\n"
-                           "       ostravel-cli [--folder DIR] bhav import FILE...\n";
+                           "       ostravel-cli [--folder DIR] bhav import FILE...\n"
+                           "       ostravel-cli [--folder DIR] simulate --symbol S --from YYYY-MM-DD --to YYYY-MM-DD "
+                           "[--metrics]\n";
     return 2;
 }
 
@@ -35,7 +37,7 @@ int main(int argc, char** argv) {
     const std::map<QString, std::function<int(const QStringList&)>> commands = {
         {QStringLiteral("info"), ostravel::cli::info},     {QStringLiteral("he3"), ostravel::cli::he3},
         {QStringLiteral("advise"), ostravel::cli::advise}, {QStringLiteral("history"), ostravel::cli::history},
-        {QStringLiteral("bhav"), ostravel::cli::bhav},
+        {QStringLiteral("bhav"), ostravel::cli::bhav},     {QStringLiteral("simulate"), ostravel::cli::simulate},
     };
     const auto found = commands.find(args.front());
     if (found == commands.end())
