@@ -486,6 +486,9 @@ void Trade::cmddelete_Click() {
 
     cmddelete.enabled = false;
     getadvise(program);
+    // getadvise leaves adviseprice at this holding's quote; between runs 0 means "the stored
+    // quote", or the next advice on another holding would be worked out at this price.
+    program.module<AdviceValues>().adviseprice = 0;
 }
 
 void Trade::cmdclose_Click() {

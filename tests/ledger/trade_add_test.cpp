@@ -397,6 +397,24 @@ TEST_F(TradeScreenLogicTest, DeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTot
     EXPECT_EQ(trade().MSFlexGrid1.textMatrix(1, 1), QStringLiteral("Total"));
 }
 
+// Seen: a trade of one holding deleted at 110, then INFY at 1500 advised "BUY 627 @ Rs 110".
+TEST_F(TradeScreenLogicTest, AdviceAfterDeletingATradeKeptTheDeletedHoldingsPrice) {
+    const QString tcs = QStringLiteral("TCS");
+    m_rows.addHolding(kInfy, kGrowth, {100, 100, 10000, 100, 5000, 200000, 0, 1500, 0});
+    m_rows.addHolding(tcs, kGrowth, {100, 10, 1000, 11, 1000, 1000, 0, 110, 0});
+    m_rows.addTrade(tcs, kGrowth, 10, 100, 1, QStringLiteral("Buy"));
+    m_rows.addTrade(tcs, kGrowth, 1, 110, 1, QStringLiteral("Buy"));
+    select(tcs);
+    trade().MSFlexGrid1_Click(2, Trade::kTradeIdCol);
+    trade().cmddelete_Click();
+    EXPECT_EQ(m_program.module<AdviceValues>().adviseprice, 0);
+
+    select(kInfy);
+    advise(m_program);
+    EXPECT_EQ(m_rows.scalar(QStringLiteral("select NextBuyPrice from equity where EquitySymbol='INFY'")).toDouble(),
+              1500);
+}
+
 TEST_F(TradeScreenLogicTest, CloseWithoutTradesRemovesTheSymbolInEveryPortfolio) {
     m_rows.addHolding(kInfy, kGrowth, Ledger{});
     m_rows.addHolding(kInfy, QStringLiteral("Other"), Ledger{});
