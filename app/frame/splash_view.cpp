@@ -32,7 +32,7 @@ frmSplash::frmSplash(Program& program, QWidget* parent) : QWidget(parent, Qt::Sp
         label->setAlignment(Qt::AlignCenter);
         layout->addWidget(label);
     }
-    setStyleSheet(QStringLiteral("frmSplash { background: #10365a; } QLabel { color: white; }"));
+    setStyleSheet(QStringLiteral("#frmSplash { background: #10365a; } QLabel { color: white; }"));
     setAttribute(Qt::WA_StyledBackground);
     resize(480, 260);
 

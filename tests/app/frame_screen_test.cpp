@@ -123,6 +123,8 @@ private Q_SLOTS:
             QSignalSpy shown(&splash, &frmSplash::showFrame);
             splash.show();
             QCOMPARE(splash.findChild<QLabel*>(QStringLiteral("productversion"))->text(), QStringLiteral("Ver 1.0"));
+            // White text on the dark blue, not on the window's light grey.
+            QCOMPARE(splash.grab().toImage().pixelColor(2, 2), QColor(0x10, 0x36, 0x5a));
             QTest::keyClick(&splash, Qt::Key_A);
             QCOMPARE(shown.count(), 1);
             QVERIFY(!splash.isVisible());
