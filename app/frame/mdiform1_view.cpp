@@ -300,7 +300,10 @@ void MDIForm1View::closeEvent(QCloseEvent* event) {
 }
 
 void MDIForm1View::onExit() {
+    // The children go for good before the store closes: a screen that stayed until the exit
+    // question runs its events would do its database work on the closed store.
     m_mdi->closeAllSubWindows();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!m_program.frame().Exit()) {
         refresh();
         return;

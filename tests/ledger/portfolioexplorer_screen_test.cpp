@@ -150,6 +150,38 @@ private Q_SLOTS:
         QVERIFY(m_prompt->asked().isEmpty());
     }
 
+    // Seen: eleven error boxes, from the equity manager's activation while Exit had the store
+    // closed. The exit question lets window events run, as a real modal box does.
+    void exitWithTheOverviewAndEquityManagerOpenShowsNoErrorBox() {
+        m_program->store().database().execute(QStringLiteral("update users set QUICK=0"));
+        MDIForm1View frame(*m_program);
+        frame.show();
+        frame.findChild<QComboBox*>(QStringLiteral("cmbportfolio"))->setCurrentText(kPortfolio);
+        QAction* details = frame.action(QStringLiteral("mnuallportfolio"));
+        details->trigger();
+        frame.mdiArea()->currentSubWindow()->widget()->findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+        details->trigger();
+        QTest::qWait(50);
+        QCOMPARE(frame.mdiArea()->currentSubWindow()->widget()->objectName(), QStringLiteral("Portfolioexplorer"));
+        QVERIFY(frame.findChild<QWidget*>(QStringLiteral("equitymanager")));
+        m_prompt->clear();
+        m_prompt->whileAsking = [] { QTest::qWait(50); };
+
+        m_prompt->answer(Answer::No);
+        frame.action(QStringLiteral("Exit"))->trigger();
+        QCOMPARE(m_prompt->messages(), QStringList{QStringLiteral("Do you really want to exit program?")});
+        // Back to a working frame: the overview opens and fills again.
+        details->trigger();
+        QCOMPARE(m_program->module<PortfolioExplorer>().MSFlexGrid1.textMatrix(1, 1), QStringLiteral("INFY"));
+
+        m_prompt->clear();
+        m_prompt->answer(Answer::Yes);
+        frame.action(QStringLiteral("Exit"))->trigger();
+        QCOMPARE(m_prompt->messages(), QStringList{QStringLiteral("Do you really want to exit program?")});
+        QVERIFY(!frame.isVisible());
+        m_prompt->whileAsking = {};
+    }
+
     void userPreferenceOpensTheConfigurationDialog() {
         MDIForm1View frame(*m_program);
         QAction* preference = frame.action(QStringLiteral("UserPreferance"));
