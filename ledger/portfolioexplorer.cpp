@@ -10,6 +10,7 @@
 #include "app/screens.h"
 #include "ledger/newholding.h"
 #include "ledger/textarithmetic.h"
+#include "ledger/trade.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "store/sqltext.h"
@@ -290,6 +291,22 @@ void PortfolioExplorer::MSFlexGrid1_Click(int row) {
     });
     Timer1.interval = kAdviseInterval;
     Timer1.enabled = true;
+    notifyChanged();
+}
+
+void PortfolioExplorer::MSFlexGrid1_DblClick(int row) {
+    // Only a holding's line has its running number.
+    if (row < 1 || row >= MSFlexGrid1.rows() || MSFlexGrid1.textMatrix(row, 0).isEmpty())
+        return;
+    MainFrame& frame = m_program.frame();
+    frame.cmbequity = MSFlexGrid1.textMatrix(row, 1);
+    frame.cmbequity_Change();
+    Trade& trade = m_program.module<Trade>();
+    trapped(m_program.reporter(), kClickPlace, [&] { trade.load(); });
+    // The box takes the figure; the line shows it after "Rs.".
+    trade.txtprice.text = MSFlexGrid1.textMatrix(row, 3).mid(kRupees.size());
+    trade.caption = Trade::kTradeCaption + frame.caption;
+    m_program.module<Screens>().show(QStringLiteral("trade"));
     notifyChanged();
 }
 

@@ -72,6 +72,10 @@ PortfolioExplorerForm::PortfolioExplorerForm(Program& program, QWidget* parent)
     layout->addLayout(buttons);
 
     connect(m_MSFlexGrid1, &QTableWidget::cellClicked, this, [this](int row, int) { MSFlexGrid1_Click(row); });
+    connect(m_MSFlexGrid1, &QTableWidget::cellDoubleClicked, this, [this](int row, int) {
+        m_state.MSFlexGrid1_DblClick(row + 1);
+        refreshFrame();
+    });
     connect(m_cmbequity, &QComboBox::currentTextChanged, this,
             [this](const QString& text) { m_state.cmbequity.text = text; });
     connect(m_Command1, &QPushButton::clicked, this, &PortfolioExplorerForm::Command1_Click);
