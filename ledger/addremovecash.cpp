@@ -153,7 +153,8 @@ void AddRemoveCash::cmdupdate_Click() {
     bool changed = false;
     trapped(program.reporter(), kUpdatePlace, [&] {
         Store& store = program.store();
-        Transaction work(store.database());
+        // The journal tells deposits, withdrawals and earnings apart by the form's caption.
+        Transaction work(store.database(), caption.trimmed());
         store.equity = openChosenHolding(program, Combo2.text, Combo1.text);
         Recordset& holding = currentRow(store.equity);
         const auto cash = [&](const char* column) { return holding.field(QString::fromLatin1(column)).toDouble(); };

@@ -128,6 +128,8 @@ void PortfolioWizard::cmdadd_Click() {
         return;
     }
 
+    std::optional<Transaction> work;
+    statement([&] { work.emplace(store.database(), QStringLiteral("Create Portfolio")); });
     statement([&] { currentRow(store.portfolio).addNew(); });
     statement([&] {
         currentRow(store.portfolio)
@@ -136,6 +138,8 @@ void PortfolioWizard::cmdadd_Click() {
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortfolioName"), Text1.text); });
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortStartDate"), cmddate.caption); });
     statement([&] { currentRow(store.portfolio).update(); });
+    if (work)
+        statement([&] { work->commit(); });
 
     addgrid();
     statement([&] { selectportfolio(*m_program); });
@@ -170,9 +174,13 @@ void PortfolioWizard::cmdupdate_Click() {
         return;
     Text1.text = newName;
     // The holdings keep the old name in portname; a name already taken fails in the store.
+    std::optional<Transaction> work;
+    statement([&] { work.emplace(store.database(), QStringLiteral("Rename Portfolio")); });
     statement([&] { currentRow(store.portfolio).edit(); });
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortfolioName"), newName); });
     statement([&] { currentRow(store.portfolio).update(); });
+    if (work)
+        statement([&] { work->commit(); });
     m_program->frame().cmbportfolio.items << newName;
     addgrid();
 }
@@ -194,7 +202,7 @@ void PortfolioWizard::cmddelete_Click() {
         // The portfolio's holdings and their trades go with its row, by the store's keys: all
         // of them or, should the program stop half-way, none.
         std::optional<Transaction> work;
-        statement([&] { work.emplace(db); });
+        statement([&] { work.emplace(db, QStringLiteral("Delete Portfolio")); });
         statement([&] {
             db.execute(QStringLiteral("delete * from portfolio where portfolioname='") + sqlText(Text1.text) +
                        QStringLiteral("';"));

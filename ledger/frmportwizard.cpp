@@ -118,9 +118,13 @@ void PortfolioManager::cmdupdate_Click() {
     });
     // With no holding of that symbol there is nothing to write.
     if (statement([&] { currentRow(holding).edit(); })) {
+        std::optional<Transaction> work;
+        statement([&] { work.emplace(m_program->store().database(), QStringLiteral("Update Holding")); });
         statement([&] { holding->setField(QStringLiteral("EquitySymbol"), Text1.text); });
         statement([&] { holding->setField(QStringLiteral("EquityStartDate"), cmdestartdate.caption); });
         statement([&] { holding->update(); });
+        if (work)
+            statement([&] { work->commit(); });
     }
     Text2.text = Text1.text;
     statement([&] { selectportfolio(*m_program); });
@@ -136,7 +140,11 @@ void PortfolioManager::cmddelete_Click() {
     if (m_program->prompt().message(QStringLiteral("ARE YOU SURE"), Buttons::YesNo, Icon::Critical,
                                     QStringLiteral("Confirmation")) != Answer::Yes)
         return;
-    statement([&] { currentRow(holding).deleteCurrent(); });
+    statement([&] {
+        Transaction work(m_program->store().database(), QStringLiteral("Delete Holding"));
+        currentRow(holding).deleteCurrent();
+        work.commit();
+    });
     statement([&] { selectportfolio(*m_program); });
     Combo1_Click();
 }

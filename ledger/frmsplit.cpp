@@ -52,7 +52,7 @@ void FrmSplit::Command1_Click() {
     // The procedure traps nothing: an error (a holding that isn't in the portfolio) is reported
     // and ends it, and the holding stays as it was.
     const bool split = trapped(program.reporter(), kSplitPlace, [&] {
-        Transaction work(program.store().database());
+        Transaction work(program.store().database(), QStringLiteral("Stock Split"));
         std::shared_ptr<Recordset> holding = openHolding(program);
         Recordset& row = currentRow(holding);
         // Whole shares by the format; an exact 0 is an empty text, which the column refuses.

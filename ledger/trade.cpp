@@ -43,6 +43,12 @@ const QString kShortDate = QStringLiteral("Short Date");
 const QString kTotal = QStringLiteral("Total");
 
 const QString kSettingHandOver = QStringLiteral("Setting for ");
+
+// The user actions the journal keeps the changes under.
+const QString kAddTradeAction = QStringLiteral("Add Trade");
+const QString kSettingTradeAction = QStringLiteral("Setting Trade");
+const QString kDeleteAction = QStringLiteral("Delete trade");
+const QString kCloseAction = QStringLiteral("Close");
 const QString kTitle = QStringLiteral("Ostravel");
 
 // The trade screen's error handler, statement by statement: a grid that is too short grows by a
@@ -232,7 +238,7 @@ void Trade::cmdadd_Click() {
     // The whole trade, both tables, is one unit of work; a message before the first write
     // leaves nothing behind.
     std::optional<Transaction> work;
-    step([&] { work.emplace(db); });
+    step([&] { work.emplace(db, Option1 ? kSettingTradeAction : kAddTradeAction); });
 
     std::shared_ptr<Recordset> trades;
     step([&] { trades = db.openRecordset(QStringLiteral("select * from [trades]") + where); });
@@ -424,7 +430,7 @@ void Trade::cmddelete_Click() {
     const QString where = holdingWhere(txtequity.text, program.frame().cmbportfolio.text);
 
     std::optional<Transaction> work;
-    step([&] { work.emplace(db); });
+    step([&] { work.emplace(db, kDeleteAction); });
 
     // The key is the current cell's text, whatever column it is in. A cell that names no trade
     // leaves nothing to take back: the action ends at the first report.
@@ -502,11 +508,13 @@ void Trade::cmdclose_Click() {
                          ->eof();
     });
     if (!hasTrades) {
-        // A holding that got no trade goes, under that symbol in every portfolio. The store
-        // refuses the whole statement while any of those holdings still has trades.
+        // A holding that got no trade goes, under that symbol in every portfolio; the others'
+        // trades stay, and the journal keeps the rows for a restore.
         step([&] {
+            Transaction work(db, kCloseAction);
             db.execute(QStringLiteral("delete * from equity where equitysymbol='") + sqlText(txtequity.text) +
                        QLatin1Char('\''));
+            work.commit();
         });
         unload();
         return;

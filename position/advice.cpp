@@ -306,7 +306,8 @@ int GetAdvise::countTrades(const QString& kind) {
 AdviceOutcome getadvise(Program& program) {
     // One unit of work: the two updates of the holding and the compare row.
     std::optional<Transaction> work;
-    trapped(program.reporter(), kGetAdvisePlace, [&] { work.emplace(program.store().database()); });
+    trapped(program.reporter(), kGetAdvisePlace,
+            [&] { work.emplace(program.store().database(), QStringLiteral("Get Advise")); });
     const AdviceOutcome outcome = GetAdvise(program).run();
     if (work)
         trapped(program.reporter(), kGetAdvisePlace, [&] { work->commit(); });
