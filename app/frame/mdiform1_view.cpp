@@ -202,10 +202,8 @@ void MDIForm1View::connectMenu() {
                 [this, movement] { showCashMovement(m_program, movement); });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     const std::pair<const char*, const char*> ledgerEntries[] = {
-        {"portfoliomanager", "frmportwizard"},
-        {"createnewport", "Create"},
-        {"AddNewEquity", "Newholding"},
-        {"mnynewsymbol", "frmnewsymbol"},
+        {"portfoliomanager", "frmportwizard"}, {"createnewport", "Create"},  {"AddNewEquity", "Newholding"},
+        {"mnynewsymbol", "frmnewsymbol"},      {"mnuchanges", "frmjournal"},
     };
     for (const auto& [name, screen] : ledgerEntries)
         connect(action(QString::fromLatin1(name)), &QAction::triggered, this, [this, screen = screen] {

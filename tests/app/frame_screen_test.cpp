@@ -16,6 +16,7 @@
 #include "app/frame/quick_view.h"
 #include "app/frame/splash_view.h"
 #include "app/menu_tree.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/program_screen_test.h"
 
 using namespace ostravel;
@@ -51,9 +52,9 @@ private Q_SLOTS:
         MDIForm1View frame(*m_program);
         QStringList tops;
         for (QAction* a : frame.menuBar()->actions()) tops << a->text();
-        QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Portfolio"), QStringLiteral("&Equity"),
-                                    QStringLiteral("Technical Analysis"), QStringLiteral("T&ools"),
-                                    QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
+        QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Portfolio"),
+                                    QStringLiteral("&Equity"), QStringLiteral("Technical Analysis"),
+                                    QStringLiteral("T&ools"), QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
         QVERIFY(frame.action(QStringLiteral("Exit"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnucalc"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnykbhelp"))->isEnabled());
@@ -100,6 +101,9 @@ private Q_SLOTS:
         QStringList names;
         for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) names << sub->widget()->objectName();
         QCOMPARE(names, (QStringList{QStringLiteral("calc"), QStringLiteral("FRM_KEYBOARD_HELP")}));
+        // The help shows its descriptions whole.
+        auto* help = frame.mdiArea()->subWindowList().back()->widget();
+        QCOMPARE(test::clippedColumn(*help->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"))), QString());
         QCOMPARE(frame.mdiArea()->subWindowList().front()->pos(), QPoint(0, 0));
     }
 
