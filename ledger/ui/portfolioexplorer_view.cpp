@@ -108,7 +108,9 @@ void PortfolioExplorerForm::refresh() {
     m_cmbequity->addItems(m_state.cmbequity.items);
     m_cmbequity->setEditText(m_state.cmbequity.text);
 
-    m_lbladvise->setText(m_state.lbladvise.caption);
+    // The line wraps within its width, but never between "Rs." and its figure.
+    m_lbladvise->setText(
+        QString(m_state.lbladvise.caption).replace(QStringLiteral("Rs. "), QStringLiteral("Rs.\u00A0")));
     m_lbladvise->setFixedWidth(twipsToPixels(m_state.lbladvise.width));
     m_lbladvise->setVisible(m_state.lbladvise.visible);
     if (!m_state.Timer1.enabled)

@@ -13,6 +13,7 @@
 #include "ledger/portfolioexplorer.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/modal_dialog.h"
 #include "tests/support/program_screen_test.h"
 
@@ -52,12 +53,12 @@ private Q_SLOTS:
                  (QStringList{"Nos", "Symbol", "Shares", "Price", "Cash", "Commission", "Stock Value", "Profit/Loss"}));
         QCOMPARE(grid1->horizontalHeaderItem(7)->textAlignment(), int(Qt::AlignCenter));
         QCOMPARE(grid2->horizontalHeaderItem(1)->text(), QStringLiteral("50 Day's DMA"));
-        // Twips at 15 to the pixel.
-        QCOMPARE(grid1->columnWidth(1), 1400 / 15);
-        QCOMPARE(grid1->columnWidth(2), 800 / 15);
-        QCOMPARE(grid1->columnWidth(7), 1500 / 15);
-        QCOMPARE(grid2->columnWidth(0), 1500 / 15);
-        QCOMPARE(grid2->columnWidth(4), 1600 / 15);
+        // Twips at 15 to the pixel are the least; a column grows to its heading and texts.
+        QVERIFY(grid1->columnWidth(1) >= 1400 / 15);
+        QVERIFY(grid1->columnWidth(7) >= 1500 / 15);
+        QVERIFY(grid2->columnWidth(4) >= 1600 / 15);
+        QCOMPARE(test::clippedColumn(*grid1), QString());
+        QCOMPARE(test::clippedColumn(*grid2), QString());
 
         QCOMPARE(grid1->rowCount(), 3);  // two holdings and the total below the heading row
         QCOMPARE(grid1->item(0, 7)->text(), QStringLiteral("Rs.595.25"));
@@ -109,7 +110,8 @@ private Q_SLOTS:
         QTest::mouseClick(grid1->viewport(), Qt::LeftButton, {}, cell.center());
         QCOMPARE(
             lbladvise->text(),
-            QStringLiteral("Recommendation:  Buy 10 at Rs. 95.5 and  Sell 8 at Rs. 120.25 Last Updated on 05/03/2024"));
+            QStringLiteral(
+                "Recommendation:  Buy 10 at Rs.\u00A095.5 and  Sell 8 at Rs.\u00A0120.25 Last Updated on 05/03/2024"));
         QVERIFY(!lbladvise->isHidden());
         QCOMPARE(lbladvise->width(), 5000 / 15);
         QCOMPARE(m_program->frame().cmbequity, QStringLiteral("TCS"));
