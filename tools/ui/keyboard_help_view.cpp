@@ -34,7 +34,8 @@ FRM_KEYBOARD_HELP::FRM_KEYBOARD_HELP(QWidget* parent) : QWidget(parent) {
     const QMargins margins = layout->contentsMargins();
     const int columns = grid->horizontalHeader()->length() + 2 * grid->frameWidth() +
                         grid->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
-    resize(std::max(560, columns), 460);
+    // A child window of the frame takes its widget's least size, not the size it was given.
+    setMinimumSize(std::max(560, columns), 460);
 }
 
 }  // namespace ostravel
