@@ -237,31 +237,51 @@ bool hasJournal(SqliteConnection& connection) {
     return sqlite3_column_int64(statement.get(), 0) > 0;
 }
 
-void installJournal(SqliteConnection& connection) {
-    if (hasJournal(connection))
-        return;
+namespace {
+
+void createJournal(SqliteConnection& connection) {
     connection.run(QStringLiteral(
-        "CREATE TABLE journal (pkJournalID INTEGER PRIMARY KEY AUTOINCREMENT, actionID INTEGER NOT NULL, "
+        "CREATE TABLE IF NOT EXISTS journal (pkJournalID INTEGER PRIMARY KEY AUTOINCREMENT, actionID INTEGER NOT NULL, "
         "action TEXT, at TEXT, tablename TEXT NOT NULL, rowkey INTEGER, portname TEXT, symbol TEXT)"));
-    connection.run(QStringLiteral("CREATE INDEX journal_by_row ON journal (actionID, tablename, rowkey)"));
+    connection.run(
+        QStringLiteral("CREATE INDEX IF NOT EXISTS journal_by_row ON journal (actionID, tablename, rowkey)"));
     for (const Journaled& t : journaled()) {
         QStringList columns = {QStringLiteral("fkJournalID INTEGER NOT NULL"), QStringLiteral("image TEXT NOT NULL")};
         for (const ColumnSpec& column : specOf(t.table).columns)
             columns << quoted(column.name) + QLatin1Char(' ') + declaredType(column.type);
         const QString images = imageTable(t.table);
-        connection.run(QStringLiteral("CREATE TABLE %1 (%2)").arg(quoted(images), columns.join(QStringLiteral(", "))));
-        connection.run(QStringLiteral("CREATE INDEX %1 ON %2 (fkJournalID)")
+        connection.run(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (%2)")
+                           .arg(quoted(images), columns.join(QStringLiteral(", "))));
+        connection.run(QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (fkJournalID)")
                            .arg(quoted(images + QStringLiteral("_by_entry")), quoted(images)));
         for (const char* event : {"INSERT", "UPDATE", "DELETE"}) {
             const QString name = QString::fromLatin1(event);
-            connection.run(QStringLiteral("CREATE TRIGGER %1 AFTER %2 ON %3 BEGIN %4END")
+            connection.run(QStringLiteral("CREATE TRIGGER IF NOT EXISTS %1 AFTER %2 ON %3 BEGIN %4END")
                                .arg(quoted(images + QLatin1Char('_') + name.toLower()), name, quoted(t.table),
                                     triggerBody(t, name)));
         }
     }
     // Made last: its presence tells that the journal is whole.
-    connection.run(QStringLiteral("CREATE TABLE journal_now (actionID INTEGER, action TEXT, at TEXT)"));
+    connection.run(QStringLiteral("CREATE TABLE IF NOT EXISTS journal_now (actionID INTEGER, action TEXT, at TEXT)"));
     connection.run(QStringLiteral("INSERT INTO journal_now DEFAULT VALUES"));
+}
+
+}  // namespace
+
+void installJournal(SqliteConnection& connection) {
+    if (hasJournal(connection))
+        return;
+    // All of it or nothing, inside a transaction or on its own; what a file has of it already
+    // stays, and the rest is made.
+    connection.run(QStringLiteral("SAVEPOINT journal_install"));
+    try {
+        createJournal(connection);
+    } catch (...) {
+        sqlite3_exec(connection.handle(), "ROLLBACK TO journal_install; RELEASE journal_install", nullptr, nullptr,
+                     nullptr);
+        throw;
+    }
+    connection.run(QStringLiteral("RELEASE journal_install"));
 }
 
 void beginJournalAction(SqliteConnection& connection, const QString& action) {

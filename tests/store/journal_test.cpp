@@ -3,6 +3,7 @@
 #include "store/journal.h"
 
 #include "store/compaction.h"
+#include "store/store.h"
 #include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
@@ -137,6 +138,23 @@ TEST(Journal, DeleteOfATradeComesBackOnlyWhileTheHoldingHoldsWhatTheDeleteWrote)
         EXPECT_EQ(holding->field(0).toDouble(), 5000);
         EXPECT_EQ(holding->field(1).toDouble(), 1);
     }
+}
+
+// A file of an earlier version, or one whose journal was cut short, gets it whole on opening.
+TEST(Journal, AFileWithoutItsJournalGetsItWhenOpened) {
+    ScratchDatabase store;
+    addSampleData(store.db);
+    store.db.execute(QStringLiteral("drop table journal_now"));
+    store.db.execute(QStringLiteral("drop trigger journal_trades_delete"));
+    const QString path = store.db.path();
+    store.db.close();
+
+    openLiveDatabase(store.db, path);
+    inAction(store.db, QStringLiteral("Delete trade"),
+             [&] { store.db.execute(QStringLiteral("delete * from trades where pktradeid = 1")); });
+    const JournalAction deleted = journalActions(store.db).front();
+    EXPECT_EQ(deleted.action, QStringLiteral("Delete trade"));
+    EXPECT_TRUE(deleted.deletedRows());
 }
 
 }  // namespace
