@@ -117,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(m_prompt->asked().isEmpty());
     }
 
-    void splashGoesOnWithAKeyAndStopsWithEscape() {
+    void keptSplashGoesOnWithAKeyAndStopsWithEscape() {
         {
             frmSplash splash(*m_program);
             QSignalSpy shown(&splash, &frmSplash::showFrame);
