@@ -50,7 +50,8 @@ void PortfolioWizard::addgrid() {
     });
     if (!rows)
         return;
-    // Rows already shown below the last portfolio stay, as the grid isn't cleared first.
+    // Kept: the grid isn't cleared first, so that after a delete the last line stays until the
+    // form is opened again.
     int i = 0;
     for (; !rows->eof(); rows->moveNext()) {
         ++i;
@@ -140,7 +141,7 @@ void PortfolioWizard::cmdadd_Click() {
     addgrid();
     statement([&] { selectportfolio(*m_program); });
     m_program->frame().cmbportfolio.items << Text1.text;
-    // From here on the wizard can only be left forward, into the holding wizard.
+    // Kept: from here on the wizard can only be left forward, into the holding wizard.
     cmdclose.enabled = false;
     cmdnext.enabled = true;
 }
@@ -169,7 +170,8 @@ void PortfolioWizard::cmdupdate_Click() {
     if (newName.isEmpty())
         return;
     Text1.text = newName;
-    // The holdings keep the old name in portname; a name already taken fails in the store.
+    // Kept: the holdings keep the old name in portname, and the old name stays in the frame's
+    // list. A name already taken fails in the store.
     statement([&] { currentRow(store.portfolio).edit(); });
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortfolioName"), newName); });
     statement([&] { currentRow(store.portfolio).update(); });

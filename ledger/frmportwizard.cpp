@@ -15,7 +15,7 @@ namespace ostravel {
 
 namespace {
 
-// The screen's handler carries the name of the portfolio wizard's Add, as it always has.
+// Kept: the screen reports under the name of the portfolio wizard's Add.
 const QString kPlace = QStringLiteral("(Form) Create::Sub cmdadd_Click");
 const QString kCostPattern = QStringLiteral("####.##");
 
@@ -110,6 +110,8 @@ void PortfolioManager::MSFlexGrid1_Click(int newRow, int newCol) {
     statement([&] { cmdestartdate.caption = MSFlexGrid1.textMatrix(row, kDateCol); });
 }
 
+// Kept: the holding is found by its symbol alone: the first row of that symbol changes, whatever
+// portfolio it is in.
 void PortfolioManager::cmdupdate_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {
@@ -127,6 +129,7 @@ void PortfolioManager::cmdupdate_Click() {
     Combo1_Click();
 }
 
+// Kept: found by the symbol alone, as Update finds it: the first row of that symbol goes.
 void PortfolioManager::cmddelete_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {

@@ -52,7 +52,7 @@ void NewHolding::optnsebse_Click(int index) {
     Combo1 = ComboBox();
     txtequitysymbol.text.clear();
     txtequitysymbol_Change();
-    // Both exchanges list the same companies; they differ in the code a pick yields.
+    // Kept: both exchanges list the same companies; they differ in the code a pick yields.
     for (; names && !names->eof(); names->moveNext()) {
         trapped(reporter, place("optnsebse_Click"),
                 [&] { Combo1.items << names->field(QStringLiteral("name")).toString(); });

@@ -19,6 +19,7 @@ namespace ostravel {
 namespace {
 
 const QString kSelectPlace = QStringLiteral("(Module) Module1::Sub selectportfolio");
+// Kept: the grid's click reports under another form's name, Portfoliomanager.
 const QString kClickPlace = QStringLiteral("(Form) Portfoliomanager::Sub MSflexgrid1");
 const QString kCommand1Place = QStringLiteral("(Form) Portfolioexplorer::Sub Command1_Click");
 const QString kAddPlace = QStringLiteral("(Form) Portfolioexplorer::Sub cmdadd_Click");
@@ -178,7 +179,8 @@ void Overview::holdingLine(Recordset& equity) {
     step([&] { grid1.setTextMatrix(row, 5, rupees(format(commission, kAmount))); });
     step([&] { m_sumCommission += commission.toDouble(); });
     step([&] {
-        // The profit lost its decimals to "#,#####"; the commission's decimals alone reach it.
+        // Kept: the profit lost its decimals to "#,#####" before the commission is taken off, so
+        // that the commission's decimals alone reach it.
         if (!isEmptyText(m_P))
             m_P = arithmeticValue(m_P) - arithmeticValue(formattedOrNull(commission, kAmount));
         else

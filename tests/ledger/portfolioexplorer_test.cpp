@@ -76,7 +76,7 @@ TEST_F(PortfolioExplorerTest, SmallPortfolioWorkedByHand) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(PortfolioExplorerTest, ProfitLosesItsDecimalsBeforeTheCommission) {
+TEST_F(PortfolioExplorerTest, KeptProfitLosesItsDecimalsBeforeTheCommission) {
     struct Case {
         double profit;
         std::optional<double> commission;
