@@ -1,13 +1,13 @@
 #include "ledger/addremovecash.h"
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbmath.h"
 #include "store/sqltext.h"
 
 namespace ostravel {

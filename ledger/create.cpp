@@ -2,14 +2,14 @@
 
 #include <optional>
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/newholding.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 #include "store/sqltext.h"
 
 namespace ostravel {

@@ -1,13 +1,13 @@
 #include "ledger/frmportwizard.h"
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "store/dberrors.h"
 #include "store/sqltext.h"
 

@@ -1,14 +1,14 @@
 #include "ledger/frmsplit.h"
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "store/database.h"
 
 namespace ostravel {

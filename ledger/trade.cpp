@@ -2,13 +2,8 @@
 
 #include <optional>
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/textarithmetic.h"
@@ -16,6 +11,11 @@
 #include "position/holding.h"
 #include "position/setting.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "store/sqltext.h"
 
 namespace ostravel {

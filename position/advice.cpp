@@ -2,16 +2,16 @@
 
 #include <optional>
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/equitymanager.h"
 #include "position/holding.h"
 #include "position/pcaresult.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "store/database.h"
 
 namespace ostravel {

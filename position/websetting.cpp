@@ -1,9 +1,9 @@
 #include "position/websetting.h"
 
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/trap.h"
 
 namespace ostravel {
 

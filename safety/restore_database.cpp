@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <optional>
 
-#include "app/base/apppath.h"
+#include "runtime/apppath.h"
 #include "safety/clshuffman.h"
 #include "safety/he3_format.h"
 #include "safety/restore_check.h"

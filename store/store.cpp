@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "app/base/apppath.h"
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
+#include "runtime/apppath.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
 #include "store/compaction.h"
 
 namespace ostravel {

@@ -1,4 +1,4 @@
-#include "app/base/keyfilters.h"
+#include "runtime/keyfilters.h"
 
 #include <gtest/gtest.h>
 

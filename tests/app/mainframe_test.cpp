@@ -2,8 +2,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/single_instance.h"
+#include "context/single_instance.h"
+#include "runtime/apppath.h"
 #include "tests/support/program_test.h"
 #include "tests/support/store_rows.h"
 

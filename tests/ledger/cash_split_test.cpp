@@ -1,6 +1,6 @@
 // Cash movements and the stock split: the openers and their captions, the question before an
 // update, the refusals, and the split's rounding through the whole-number format.
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/trade.h"

@@ -1,6 +1,6 @@
 #include "ledger/portfolioexplorer.h"
 
-#include "app/screens.h"
+#include "context/screens.h"
 #include "position/equitymanager.h"
 #include "tests/ledger/holdings.h"
 #include "tests/support/program_test.h"

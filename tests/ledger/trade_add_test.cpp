@@ -1,13 +1,13 @@
 // The trade screen beyond the effect table: Add Trade's checks and messages in their order, the
 // deposit offered when cash is short, what arrives in the boxes that is no number, the list with
 // its total, the commission proposal, Delete by the current cell, Close and the date button.
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/trade.h"
 #include "position/advice.h"
 #include "position/setting.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "tests/ledger/trade_fixture.h"
 
 namespace ostravel {

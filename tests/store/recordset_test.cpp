@@ -1,4 +1,4 @@
-#include "app/base/vbdate.h"
+#include "runtime/vbdate.h"
 #include "store/dberrors.h"
 #include "tests/store/storetestsupport.h"
 

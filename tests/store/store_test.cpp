@@ -2,9 +2,9 @@
 
 #include <QDir>
 
-#include "app/base/apppath.h"
-#include "app/base/reporterror.h"
-#include "app/base/scripted_prompt.h"
+#include "runtime/apppath.h"
+#include "runtime/reporterror.h"
+#include "runtime/scripted_prompt.h"
 #include "store/dberrors.h"
 #include "tests/store/storetestsupport.h"
 
