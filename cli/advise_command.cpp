@@ -3,54 +3,20 @@
 #include <cstdlib>
 #include <optional>
 
-#include "app/base/prompt.h"
-#include "app/program.h"
 #include "cli/commands.h"
+#include "cli/headless_prompt.h"
+#include "context/program.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/prompt.h"
 
 namespace ostravel::cli {
 
 namespace {
 
 const char* const kUsage = "usage: ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n";
-
-// No one to ask: every box is printed to stderr and answered with its default button; the
-// what-if price box is answered with the price of the command line.
-class HeadlessPrompt : public Prompt {
-public:
-    explicit HeadlessPrompt(std::optional<QString> price) : m_price(std::move(price)) {}
-
-    Answer message(const QString& text, Buttons buttons, Icon, const QString&) override {
-        QTextStream(stderr) << text << '\n';
-        switch (buttons) {
-            case Buttons::YesNo:
-            case Buttons::YesNoCancel:
-                return Answer::Yes;
-            case Buttons::RetryCancel:
-                return Answer::Retry;
-            case Buttons::AbortRetryIgnore:
-                return Answer::Abort;
-            case Buttons::OK:
-            case Buttons::OKCancel:
-                break;
-        }
-        return Answer::OK;
-    }
-    std::optional<QString> input(const QString& text, const QString&, const QString&) override {
-        return text == kWhatIfPrompt ? m_price : std::nullopt;
-    }
-    std::optional<QString> openFile(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> saveFile(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> chooseFolder(const QString&, const QString&) override { return {}; }
-    std::optional<std::uint32_t> chooseColour(std::uint32_t) override { return {}; }
-    std::optional<FontChoice> chooseFont(const FontChoice&) override { return {}; }
-
-private:
-    std::optional<QString> m_price;
-};
 
 struct Options {
     QString portfolio;
@@ -87,7 +53,8 @@ int advise(const QStringList& args) {
         return 2;
     }
 
-    HeadlessPrompt prompt(options->price);
+    HeadlessPrompt prompt;
+    prompt.whatIfPrice = options->price;
     // Cancel is never the answer here, so the error log's box never ends the run.
     Program program(prompt, [] { std::exit(1); });
     try {

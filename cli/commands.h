@@ -9,5 +9,7 @@ namespace ostravel::cli {
 int info(const QStringList& args);
 int he3(const QStringList& args);
 int advise(const QStringList& args);
+int history(const QStringList& args);
+int bhav(const QStringList& args);
 
 }  // namespace ostravel::cli

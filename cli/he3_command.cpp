@@ -1,8 +1,8 @@
 // ostravel-cli he3: packs a file into the backup format, or unpacks one.
 #include <QTextStream>
 
-#include "app/base/vberror.h"
 #include "cli/commands.h"
+#include "runtime/vberror.h"
 #include "safety/clshuffman.h"
 #include "safety/whole_file.h"
 

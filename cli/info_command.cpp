@@ -1,8 +1,8 @@
 // ostravel-cli info: the tables of the folder's database with their numbers of rows.
 #include <QTextStream>
 
-#include "app/base/apppath.h"
 #include "cli/commands.h"
+#include "runtime/apppath.h"
 #include "store/database.h"
 #include "store/store.h"
 

@@ -5,15 +5,17 @@
 #include <functional>
 #include <map>
 
-#include "app/base/apppath.h"
 #include "cli/commands.h"
+#include "runtime/apppath.h"
 
 namespace {
 
 int usage() {
     QTextStream(stderr) << "usage: ostravel-cli [--folder DIR] info\n"
                            "       ostravel-cli he3 pack|unpack IN OUT\n"
-                           "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n";
+                           "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n"
+                           "       ostravel-cli [--folder DIR] history save|load|fetch|import --symbol S ...\n"
+                           "       ostravel-cli [--folder DIR] bhav import FILE...\n";
     return 2;
 }
 
@@ -31,9 +33,9 @@ int main(int argc, char** argv) {
         return usage();
 
     const std::map<QString, std::function<int(const QStringList&)>> commands = {
-        {QStringLiteral("info"), ostravel::cli::info},
-        {QStringLiteral("he3"), ostravel::cli::he3},
-        {QStringLiteral("advise"), ostravel::cli::advise},
+        {QStringLiteral("info"), ostravel::cli::info},     {QStringLiteral("he3"), ostravel::cli::he3},
+        {QStringLiteral("advise"), ostravel::cli::advise}, {QStringLiteral("history"), ostravel::cli::history},
+        {QStringLiteral("bhav"), ostravel::cli::bhav},
     };
     const auto found = commands.find(args.front());
     if (found == commands.end())

@@ -1,13 +1,13 @@
 #include "ledger/addremovecash.h"
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbmath.h"
 #include "store/sqltext.h"
 
 namespace ostravel {
@@ -144,7 +144,7 @@ void AddRemoveCash::Combo2_Change() {
 
 void AddRemoveCash::cmdupdate_Click() {
     Program& program = *m_program;
-    // Asked before anything else is looked at.
+    // Kept: asked before anything else is looked at, an amount of 0 included.
     const Answer answer = program.prompt().message(kSure, Buttons::YesNo, Icon::Information, kTitle);
     const double amount = Val(txtamount.text);
     if (txtamount.text.isEmpty() || amount == 0 || answer == Answer::No)
@@ -162,7 +162,7 @@ void AddRemoveCash::cmdupdate_Click() {
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") + amount);
         } else if (cmdupdate.caption == kWithdrawCaption) {
-            // Taking out the whole balance is refused as well.
+            // Kept: taking out the whole balance is refused as well.
             if (!(cash("CurrentCash") > amount)) {
                 program.prompt().inform(kTooMuch, kTitle);
                 return;
@@ -170,7 +170,8 @@ void AddRemoveCash::cmdupdate_Click() {
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") - amount);
         } else if (cmdupdate.caption == kDepositCaption) {
-            // New capital raises the original cash too, so that it isn't counted as profit.
+            // Kept: new capital raises the original cash too, so that it isn't counted as profit;
+            // interest and a withdrawal leave it.
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") + amount);
             holding.setField(QStringLiteral("OriginalCash"), cash("OriginalCash") + amount);

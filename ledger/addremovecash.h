@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "app/controls.h"
+#include "context/controls.h"
 #include "ledger/form_state.h"
 
 namespace ostravel {

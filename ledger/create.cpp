@@ -2,14 +2,14 @@
 
 #include <optional>
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/newholding.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 #include "store/sqltext.h"
 
 namespace ostravel {
@@ -50,7 +50,8 @@ void PortfolioWizard::addgrid() {
     });
     if (!rows)
         return;
-    // Rows already shown below the last portfolio stay, as the grid isn't cleared first.
+    // Kept: the grid isn't cleared first, so that after a delete the last line stays until the
+    // form is opened again.
     int i = 0;
     for (; !rows->eof(); rows->moveNext()) {
         ++i;
@@ -144,7 +145,7 @@ void PortfolioWizard::cmdadd_Click() {
     addgrid();
     statement([&] { selectportfolio(*m_program); });
     m_program->frame().cmbportfolio.items << Text1.text;
-    // From here on the wizard can only be left forward, into the holding wizard.
+    // Kept: from here on the wizard can only be left forward, into the holding wizard.
     cmdclose.enabled = false;
     cmdnext.enabled = true;
 }
@@ -173,7 +174,8 @@ void PortfolioWizard::cmdupdate_Click() {
     if (newName.isEmpty())
         return;
     Text1.text = newName;
-    // The holdings keep the old name in portname; a name already taken fails in the store.
+    // Kept: the holdings keep the old name in portname, and the old name stays in the frame's
+    // list. A name already taken fails in the store.
     std::optional<Transaction> work;
     statement([&] { work.emplace(store.database(), QStringLiteral("Rename Portfolio")); });
     statement([&] { currentRow(store.portfolio).edit(); });

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "app/controls.h"
-#include "app/gridformat.h"
+#include "context/controls.h"
+#include "context/gridformat.h"
 #include "ledger/form_state.h"
 
 namespace ostravel {

@@ -1,7 +1,7 @@
 #include "ledger/datecaption.h"
 
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 
 namespace ostravel {
 

@@ -3,10 +3,10 @@
 #include <QDateTime>
 #include <map>
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/portfolioexplorer.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
 #include "store/database.h"
 #include "store/sqltext.h"
 

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "app/controls.h"
+#include "context/controls.h"
 #include "ledger/form_state.h"
 #include "store/journal.h"
 

@@ -1,8 +1,8 @@
 #include "ledger/frmnewsymbol.h"
 
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
 #include "store/sqltext.h"
 
 namespace ostravel {

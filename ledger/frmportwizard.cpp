@@ -1,13 +1,13 @@
 #include "ledger/frmportwizard.h"
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "store/dberrors.h"
 #include "store/sqltext.h"
 
@@ -15,7 +15,7 @@ namespace ostravel {
 
 namespace {
 
-// The screen's handler carries the name of the portfolio wizard's Add, as it always has.
+// Kept: the screen reports under the name of the portfolio wizard's Add.
 const QString kPlace = QStringLiteral("(Form) Create::Sub cmdadd_Click");
 const QString kCostPattern = QStringLiteral("####.##");
 
@@ -110,6 +110,8 @@ void PortfolioManager::MSFlexGrid1_Click(int newRow, int newCol) {
     statement([&] { cmdestartdate.caption = MSFlexGrid1.textMatrix(row, kDateCol); });
 }
 
+// Kept: the holding is found by its symbol alone: the first row of that symbol changes, whatever
+// portfolio it is in.
 void PortfolioManager::cmdupdate_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {
@@ -131,6 +133,7 @@ void PortfolioManager::cmdupdate_Click() {
     Combo1_Click();
 }
 
+// Kept: found by the symbol alone, as Update finds it: the first row of that symbol goes.
 void PortfolioManager::cmddelete_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {

@@ -1,14 +1,14 @@
 #include "ledger/frmsplit.h"
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/portfolioexplorer.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "store/database.h"
 
 namespace ostravel {
@@ -55,10 +55,13 @@ void FrmSplit::Command1_Click() {
         Transaction work(program.store().database(), QStringLiteral("Stock Split"));
         std::shared_ptr<Recordset> holding = openHolding(program);
         Recordset& row = currentRow(holding);
-        // Whole shares by the format; an exact 0 is an empty text, which the column refuses.
+        // Kept: whole shares by the format, halves away from zero; an exact 0 is an empty text,
+        // which the column refuses.
         const QString shares = formatNumber(
             divide(row.field(QStringLiteral("CurrentShares")).toDouble() * Val(Combo1.text), Val(Combo2.text)),
             kWholeShares);
+        // Kept: only CurrentShares changes and no trade records the split, so that the next trade's
+        // share sum undoes it.
         row.edit();
         row.setField(QStringLiteral("CurrentShares"), shares);
         if (betweenWrites)

@@ -2,13 +2,13 @@
 
 #include <optional>
 
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/trade.h"
 #include "position/holding.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 #include "store/sqltext.h"
 
 namespace ostravel {
@@ -52,7 +52,7 @@ void NewHolding::optnsebse_Click(int index) {
     Combo1 = ComboBox();
     txtequitysymbol.text.clear();
     txtequitysymbol_Change();
-    // Both exchanges list the same companies; they differ in the code a pick yields.
+    // Kept: both exchanges list the same companies; they differ in the code a pick yields.
     for (; names && !names->eof(); names->moveNext()) {
         trapped(reporter, place("optnsebse_Click"),
                 [&] { Combo1.items << names->field(QStringLiteral("name")).toString(); });

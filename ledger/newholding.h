@@ -5,7 +5,7 @@
 #include <array>
 #include <functional>
 
-#include "app/controls.h"
+#include "context/controls.h"
 #include "ledger/form_state.h"
 
 namespace ostravel {

@@ -1,18 +1,18 @@
 #include "ledger/portfolioexplorer.h"
 
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/variant.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/controls.h"
-#include "app/program.h"
-#include "app/screens.h"
+#include "context/controls.h"
+#include "context/program.h"
+#include "context/screens.h"
 #include "ledger/newholding.h"
 #include "ledger/textarithmetic.h"
 #include "ledger/trade.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/variant.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 #include "store/sqltext.h"
 
 namespace ostravel {
@@ -20,6 +20,7 @@ namespace ostravel {
 namespace {
 
 const QString kSelectPlace = QStringLiteral("(Module) Module1::Sub selectportfolio");
+// Kept: the grid's click reports under another form's name, Portfoliomanager.
 const QString kClickPlace = QStringLiteral("(Form) Portfoliomanager::Sub MSflexgrid1");
 const QString kCommand1Place = QStringLiteral("(Form) Portfolioexplorer::Sub Command1_Click");
 const QString kAddPlace = QStringLiteral("(Form) Portfolioexplorer::Sub cmdadd_Click");
@@ -179,7 +180,8 @@ void Overview::holdingLine(Recordset& equity) {
     step([&] { grid1.setTextMatrix(row, 5, rupees(format(commission, kAmount))); });
     step([&] { m_sumCommission += commission.toDouble(); });
     step([&] {
-        // The profit lost its decimals to "#,#####"; the commission's decimals alone reach it.
+        // Kept: the profit lost its decimals to "#,#####" before the commission is taken off, so
+        // that the commission's decimals alone reach it.
         if (!isEmptyText(m_P))
             m_P = arithmeticValue(m_P) - arithmeticValue(formattedOrNull(commission, kAmount));
         else

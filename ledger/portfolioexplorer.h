@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QString>
 
-#include "app/gridformat.h"
-#include "app/mainframe.h"
+#include "context/gridformat.h"
+#include "context/mainframe.h"
 
 namespace ostravel {
 

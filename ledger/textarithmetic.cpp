@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "app/base/vberror.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
+#include "runtime/vberror.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

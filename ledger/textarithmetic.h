@@ -4,7 +4,7 @@
 
 #include <QString>
 
-#include "app/base/variant.h"
+#include "runtime/variant.h"
 
 namespace ostravel {
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-#include "app/base/variant.h"
+#include "runtime/variant.h"
 
 namespace ostravel {
 

@@ -2,7 +2,7 @@
 // writes its figures here, and the simulation reads its own figures back from here as text.
 #pragma once
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 namespace ostravel {
 

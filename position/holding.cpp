@@ -1,7 +1,7 @@
 #include "position/holding.h"
 
-#include "app/base/vberror.h"
-#include "app/program.h"
+#include "context/program.h"
+#include "runtime/vberror.h"
 #include "store/sqltext.h"
 
 namespace ostravel {

@@ -1,13 +1,13 @@
 #include "position/pcaresult.h"
 
-#include "app/base/trap.h"
-#include "app/base/vbformat.h"
-#include "app/base/vbmath.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/trap.h"
+#include "runtime/vbformat.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/holding.h"
 #include "position/vbvalues.h"
+#include "runtime/trap.h"
 #include "store/database.h"
 
 namespace ostravel {

@@ -1,8 +1,8 @@
 #include "position/vbvalues.h"
 
-#include "app/base/variant.h"
-#include "app/base/vberror.h"
-#include "app/base/vbmath.h"
+#include "runtime/variant.h"
+#include "runtime/vberror.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "app/base/vbmath.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 namespace ostravel {
 

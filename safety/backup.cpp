@@ -4,9 +4,9 @@
 #include <QDir>
 #include <QScopedValueRollback>
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
 #include "safety/backup_snapshot.h"
 
 namespace ostravel {

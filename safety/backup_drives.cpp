@@ -5,7 +5,7 @@
 #include <QStorageInfo>
 #include <algorithm>
 
-#include "app/base/prompt.h"
+#include "runtime/prompt.h"
 
 namespace ostravel {
 

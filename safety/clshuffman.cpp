@@ -1,7 +1,7 @@
 #include "safety/clshuffman.h"
 
-#include "app/base/apppath.h"
-#include "app/base/vberror.h"
+#include "runtime/apppath.h"
+#include "runtime/vberror.h"
 #include "safety/he3_format.h"
 #include "safety/he3_pack.h"
 #include "safety/he3_unpack.h"

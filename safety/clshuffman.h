@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
-#include "app/base/prompt.h"
+#include "runtime/prompt.h"
 #include "safety/huffman_progress.h"
 
 namespace ostravel {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "safety/code_tree.h"
 #include "safety/he3_format.h"
 #include "safety/xor_checksum.h"

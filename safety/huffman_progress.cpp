@@ -1,6 +1,6 @@
 #include "safety/huffman_progress.h"
 
-#include "app/base/vbmath.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel::he3 {
 

@@ -4,8 +4,8 @@
 #include <QDir>
 #include <QScopedValueRollback>
 
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
+#include "runtime/trap.h"
 #include "safety/backup_drives.h"
 #include "safety/restore_database.h"
 

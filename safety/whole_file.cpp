@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <cerrno>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 

@@ -16,14 +16,14 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 SUBSYSTEMS = ["tools", "safety", "position", "ledger", "market", "simulation", "charts"]
 
 LAYERS = [
-    "run time (app/base)",
+    "run time (runtime)",
     "store (store)",
-    "the run's context (app)",
+    "the run's context (context)",
     "each subsystem's logic (" + ", ".join(SUBSYSTEMS) + ")",
     "shared widgets (widgets)",
     "each subsystem's screens (<subsystem>/ui)",
-    "the frame (app/frame)",
-    "the executables (cli)",
+    "the frame and the program (app)",
+    "the command line (cli)",
 ]
 RUNTIME, STORE, CONTEXT, LOGIC, WIDGETS, SCREENS, FRAME, EXECUTABLES = range(len(LAYERS))
 
@@ -34,12 +34,12 @@ SKIPPED = {"tests", "bench", ".git", ".ci", "scripts", "cmake", "help"}
 def unit_of(path):
     """The layer of a file or folder relative to the root, and its subsystem where it has one."""
     parts = pathlib.PurePosixPath(path).parts
-    if parts[:2] == ("app", "base"):
+    if parts[0] == "runtime":
         return RUNTIME, None
-    if parts[:2] == ("app", "frame"):
-        return FRAME, None
-    if parts[0] == "app":
+    if parts[0] == "context":
         return CONTEXT, None
+    if parts[0] == "app":
+        return FRAME, None
     if parts[0] == "store":
         return STORE, None
     if parts[0] == "widgets":

@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QMap>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/dberrors.h"
 #include "store/durablefile.h"
 #include "store/filecheck.h"

@@ -7,7 +7,7 @@
 #include <QStringList>
 #include <memory>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/recordset.h"
 
 namespace ostravel {

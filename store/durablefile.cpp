@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/dberrors.h"
 
 namespace ostravel {

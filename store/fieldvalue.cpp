@@ -4,8 +4,8 @@
 
 #include <QRegularExpression>
 
-#include "app/base/vbdate.h"
-#include "app/base/vberror.h"
+#include "runtime/vbdate.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 

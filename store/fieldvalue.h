@@ -6,7 +6,7 @@
 #include <QString>
 #include <optional>
 
-#include "app/base/variant.h"
+#include "runtime/variant.h"
 
 struct sqlite3_stmt;
 

@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-#include "app/base/vbdate.h"
+#include "runtime/vbdate.h"
 #include "store/fieldvalue.h"
 
 namespace ostravel {

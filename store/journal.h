@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
-#include "app/base/variant.h"
-#include "app/base/vberror.h"
+#include "runtime/variant.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 

@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/dberrors.h"
 #include "store/jetsql.h"
 #include "store/queryshape.h"

@@ -13,7 +13,7 @@
 #include <memory>
 #include <vector>
 
-#include "app/base/variant.h"
+#include "runtime/variant.h"
 #include "store/fieldvalue.h"
 #include "store/sqliteconnection.h"
 

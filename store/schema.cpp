@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTextStream>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/fieldvalue.h"
 #include "store/journal.h"
 #include "store/sqliteconnection.h"

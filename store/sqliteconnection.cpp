@@ -5,7 +5,7 @@
 #include <QFile>
 #include <utility>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "store/dberrors.h"
 
 namespace ostravel {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "app/base/vbmath.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 

@@ -1,6 +1,6 @@
 #include "tools/keyboard_help.h"
 
-#include "app/menu_tree.h"
+#include "context/menu_tree.h"
 
 namespace ostravel {
 

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QPalette>
 
-#include "app/base/keyfilters.h"
+#include "runtime/keyfilters.h"
 #include "widgets/flexgrid.h"
 #include "widgets/key_filter.h"
 

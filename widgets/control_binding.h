@@ -2,7 +2,7 @@
 // TextBox or ComboBox, and mirror() shows the state again after the logic has run.
 #pragma once
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 class QComboBox;
 class QLineEdit;

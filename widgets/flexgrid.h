@@ -4,7 +4,7 @@
 
 #include <QColor>
 
-#include "app/gridformat.h"
+#include "context/gridformat.h"
 
 class QTableWidget;
 

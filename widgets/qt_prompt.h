@@ -1,7 +1,7 @@
 // The prompt answered with the desktop's dialogs.
 #pragma once
 
-#include "app/base/prompt.h"
+#include "runtime/prompt.h"
 
 class QWidget;
 

@@ -3,8 +3,8 @@
 #include <QFile>
 #include <QTextBrowser>
 
-#include "app/base/vberror.h"
-#include "app/rtfreader.h"
+#include "context/rtfreader.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 

@@ -12,11 +12,11 @@
 #include <cstdio>
 #include <vector>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/frame/mdiform1_view.h"
-#include "app/program.h"
-#include "app/program_folder.h"
+#include "app/mdiform1_view.h"
+#include "context/program.h"
+#include "context/program_folder.h"
+#include "runtime/apppath.h"
+#include "runtime/scripted_prompt.h"
 
 using namespace ostravel;
 

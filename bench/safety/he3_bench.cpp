@@ -20,8 +20,8 @@
 #include <functional>
 #include <string>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
+#include "runtime/apppath.h"
+#include "runtime/scripted_prompt.h"
 #include "safety/clshuffman.h"
 
 namespace {

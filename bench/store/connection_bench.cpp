@@ -5,9 +5,9 @@
 
 #include <QFile>
 
-#include "app/base/reporterror.h"
-#include "app/base/scripted_prompt.h"
 #include "bench/support/bench_folder.h"
+#include "runtime/reporterror.h"
+#include "runtime/scripted_prompt.h"
 #include "store/database.h"
 #include "store/store.h"
 

@@ -1,6 +1,6 @@
 #include "bench/support/bench_folder.h"
 
-#include "app/base/apppath.h"
+#include "runtime/apppath.h"
 #include "store/database.h"
 #include "store/store.h"
 

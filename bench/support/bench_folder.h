@@ -6,8 +6,8 @@
 #include <QTemporaryDir>
 #include <functional>
 
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "context/program.h"
+#include "runtime/scripted_prompt.h"
 
 namespace ostravel {
 

@@ -10,7 +10,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/addremovecash.h"
 #include "widgets/control_binding.h"
 #include "widgets/flexgrid.h"

@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <utility>
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 class QLineEdit;
 class QPushButton;

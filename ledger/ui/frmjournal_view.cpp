@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/frmjournal.h"
 #include "ledger/ui/ledger_screen.h"
 

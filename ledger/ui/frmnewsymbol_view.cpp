@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/frmnewsymbol.h"
 #include "ledger/ui/ledger_screen.h"
 #include "widgets/control_binding.h"

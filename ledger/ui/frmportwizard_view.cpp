@@ -14,10 +14,10 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "app/base/vbdate.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/frmportwizard.h"
 #include "ledger/ui/ledger_screen.h"
+#include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"

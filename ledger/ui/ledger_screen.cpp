@@ -4,7 +4,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "app/base/vbdate.h"
+#include "runtime/vbdate.h"
 #include "widgets/datepicker.h"
 
 namespace ostravel {

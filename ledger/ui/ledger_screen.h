@@ -2,7 +2,7 @@
 // portfolio lists, and the hidden calendar beside its date button.
 #pragma once
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 class QComboBox;
 class QWidget;

@@ -13,13 +13,13 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "app/base/apppath.h"
-#include "app/base/keyfilters.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/newholding.h"
 #include "ledger/ui/ledger_screen.h"
+#include "runtime/apppath.h"
+#include "runtime/keyfilters.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"

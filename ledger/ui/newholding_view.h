@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 class QComboBox;
 class QLineEdit;

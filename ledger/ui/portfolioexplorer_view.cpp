@@ -9,7 +9,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/portfolioexplorer.h"
 #include "widgets/flexgrid.h"
 

@@ -14,12 +14,12 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/base/apppath.h"
-#include "app/base/reporterror.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "ledger/trade.h"
+#include "runtime/apppath.h"
+#include "runtime/reporterror.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"

@@ -14,10 +14,10 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "app/base/vbdate.h"
-#include "app/program.h"
-#include "ledger/equitymanager_actions.h"
+#include "context/program.h"
 #include "position/equitymanager.h"
+#include "position/equitymanager_actions.h"
+#include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 
 namespace ostravel {

@@ -9,10 +9,10 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-#include "app/base/apppath.h"
-#include "app/base/trap.h"
-#include "app/program.h"
+#include "context/program.h"
 #include "position/setting.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
 #include "widgets/control_binding.h"
 #include "widgets/flexgrid.h"
 #include "widgets/rich_text_box.h"

@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <utility>
 
-#include "app/controls.h"
+#include "context/controls.h"
 
 class QLineEdit;
 class QPushButton;

@@ -12,7 +12,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "position/websetting.h"
 #include "widgets/control_binding.h"
 

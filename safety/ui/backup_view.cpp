@@ -8,7 +8,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include "app/program.h"
+#include "context/program.h"
 #include "safety/ui/backup_path_view.h"
 #include "widgets/close_form.h"
 

@@ -2,8 +2,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/single_instance.h"
+#include "context/single_instance.h"
+#include "runtime/apppath.h"
 #include "tests/support/program_test.h"
 #include "tests/support/store_rows.h"
 
@@ -112,7 +112,7 @@ TEST_F(MainFrameTest, CloseButtonIsRefusedUnlessFromExit) {
     EXPECT_EQ(m_prompt.asked().size(), 1);
 }
 
-TEST_F(MainFrameTest, ExitCompactsThenAsksAndNoReopens) {
+TEST_F(MainFrameTest, KeptExitCompactsThenAsksAndNoReopens) {
     const QString live = m_dir.filePath(QStringLiteral("database/ostravel.mdb"));
     // Fill and empty a table so that the file holds free space for the compaction to drop.
     {

@@ -1,4 +1,4 @@
-#include "app/posform.h"
+#include "context/posform.h"
 
 #include <gtest/gtest.h>
 

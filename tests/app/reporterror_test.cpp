@@ -1,4 +1,4 @@
-#include "app/base/reporterror.h"
+#include "runtime/reporterror.h"
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
-#include "app/base/trap.h"
-#include "app/base/vbdate.h"
+#include "runtime/apppath.h"
+#include "runtime/scripted_prompt.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
 
 namespace ostravel {
 namespace {

@@ -1,4 +1,4 @@
-#include "app/rtfreader.h"
+#include "context/rtfreader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Date serials, the run-time date parser's accept and reject lists, and CStr of a date.
 #include <gtest/gtest.h>
 
-#include "app/base/vbdate.h"
-#include "app/base/vberror.h"
+#include "runtime/vbdate.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 namespace {

@@ -1,9 +1,9 @@
 // Format with the number and date patterns the screens use, and on variants.
 #include <gtest/gtest.h>
 
-#include "app/base/variant.h"
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
+#include "runtime/variant.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 
 namespace ostravel {
 namespace {

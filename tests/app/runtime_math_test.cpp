@@ -1,8 +1,8 @@
 // Val, the two roundings, Str and CStr, and the integer and single-precision conversions.
 #include <gtest/gtest.h>
 
-#include "app/base/vberror.h"
-#include "app/base/vbmath.h"
+#include "runtime/vberror.h"
+#include "runtime/vbmath.h"
 #include "tests/support/raised.h"
 
 namespace ostravel {

@@ -3,8 +3,8 @@
 
 #include <functional>
 
-#include "app/base/variant.h"
-#include "app/base/vberror.h"
+#include "runtime/variant.h"
+#include "runtime/vberror.h"
 #include "tests/support/raised.h"
 
 namespace ostravel {

@@ -6,6 +6,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "store/database.h"
+#include "tests/service/market_service.h"
+
 namespace {
 
 struct CliRun {
@@ -76,6 +79,76 @@ TEST(Cli, UnknownCommandShowsUsage) {
     const CliRun r = cli({QStringLiteral("nonsense")});
     EXPECT_EQ(r.exitCode, 2);
     EXPECT_TRUE(r.err.startsWith(QStringLiteral("usage:")));
+}
+
+}  // namespace
+
+namespace {
+
+QString data(const char* relative) {
+    return qEnvironmentVariable("OSTRAVEL_TEST_DATA") + QLatin1Char('/') + QLatin1String(relative);
+}
+
+TEST(CliHistory, SavesAnAnswerAndLoadsItBackAsTheProgramReadsIt) {
+    QTemporaryDir dir;
+    const QString raw = dir.filePath(QStringLiteral("raw.txt"));
+    QFile f(raw);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("HTTP/1.1 200 OK\r\nDate: Mon, 1 Jan 2007 10:00:00 GMT\r\n\r\nDate,Open,High,Low,Close,Volume,Adj Close\n" +
+            QByteArray("2006-02-17,1.2345,2,1,1.5,1234567.6,1.5\n2006-02-16,0.1,0.2,0.3,0.30000000000000004,7,1\n")
+                .repeated(8));
+    f.close();
+    const QString folder = dir.filePath(QStringLiteral("p"));
+    ASSERT_EQ(cli({"--folder", folder, "history", "save", "--symbol", "TEST.NS", raw}).exitCode, 0);
+    const CliRun load = cli({"--folder", folder, "history", "load", "--symbol", "TEST"});
+    ASSERT_EQ(load.exitCode, 0) << load.err.toStdString();
+    const QStringList lines = load.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 16);
+    EXPECT_EQ(lines.front(), QStringLiteral("16/02/2006,0.1,0.2,0.3,0.3,7"));
+    EXPECT_EQ(lines.back(), QStringLiteral("17/02/2006,1.234,2,1,1.5,1234568"));
+
+    f.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    f.write("no such thing as a date here");
+    f.close();
+    const CliRun bad = cli({"--folder", folder, "history", "save", "--symbol", "TEST", raw});
+    EXPECT_EQ(bad.exitCode, 1);
+    EXPECT_EQ(bad.err.trimmed(), QStringLiteral("Error with Data, \"Date\" not found"));
+    EXPECT_EQ(cli({"--folder", folder, "history", "load", "--symbol", "TEST"}).exitCode, 1);
+}
+
+TEST(CliHistory, ImportsByHeaderNamesAndLoadsDayFilesIntoTheStore) {
+    QTemporaryDir dir;
+    const CliRun imported =
+        cli({"--folder", dir.path(), "history", "import", "--symbol", "MM", data("history/M&M.csv")});
+    EXPECT_EQ(imported.out.trimmed(), QStringLiteral("2041 rows written, 0 null rows skipped, 0 rows refused"));
+    const CliRun loaded = cli({"--folder", dir.path(), "history", "load", "--symbol", "MM.NS"});
+    EXPECT_TRUE(loaded.out.startsWith(QStringLiteral("02/01/2012,343.9,346,334.9,337,3061024\n")));
+
+    const QString day = data("bhav/cm23MAR2021bhav.csv");
+    EXPECT_EQ(cli({"--folder", dir.path(), "bhav", "import", day}).out,
+              day + QStringLiteral("\t2033 rows added\t0 rows refused\n"));
+    EXPECT_EQ(cli({"--folder", dir.path(), "bhav", "import", day}).out,
+              day + QStringLiteral("\t0 rows added\t0 rows refused\n"));
+}
+
+TEST(CliHistory, FetchesPagesFromTheServiceAndPrintsTheLastCaption) {
+    QTemporaryDir dir;
+    ostravel::test::MarketService service(qEnvironmentVariable("OSTRAVEL_TEST_DATA"));
+    QDir().mkpath(dir.path());
+    QFile hosts(dir.filePath(QStringLiteral("hosts.ini")));
+    ASSERT_TRUE(hosts.open(QIODevice::WriteOnly));
+    hosts.write(("[Hosts]\nhistory=" + service.hostPort() + "\n").toLatin1());
+    hosts.close();
+    ASSERT_EQ(cli({"--folder", dir.path(), "info"}).exitCode, 0);
+    {
+        ostravel::Database database;
+        database.open(dir.filePath(QStringLiteral("database/ostravel.mdb")));
+        database.execute(QStringLiteral("update users set SecondsForQuote = 0"));
+    }
+    const CliRun r = cli({"--folder", dir.path(), "history", "fetch", "--symbol", "RELIANCE.NS", "--from", "2022-01-01",
+                          "--to", "2022-12-31"});
+    EXPECT_EQ(r.out, QStringLiteral("Got history of RELIANCE From File\n")) << r.err.toStdString();
+    EXPECT_EQ(service.requests().size(), 2u);
 }
 
 }  // namespace

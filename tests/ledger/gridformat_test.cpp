@@ -1,8 +1,8 @@
-#include "app/gridformat.h"
+#include "context/gridformat.h"
 
 #include <gtest/gtest.h>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 
 namespace ostravel {
 namespace {

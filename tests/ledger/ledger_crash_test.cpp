@@ -7,11 +7,11 @@
 #include <csignal>
 #include <functional>
 
-#include "app/base/apppath.h"
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/trade.h"
+#include "runtime/apppath.h"
 #include "store/database.h"
 #include "tests/ledger/trade_fixture.h"
 #include "tests/support/selection.h"

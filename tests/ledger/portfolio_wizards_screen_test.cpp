@@ -11,15 +11,15 @@
 #include <QTest>
 #include <QTextBrowser>
 
-#include "app/base/vbdate.h"
-#include "app/frame/mdiform1_view.h"
-#include "app/screens.h"
+#include "app/mdiform1_view.h"
+#include "context/screens.h"
 #include "ledger/datecaption.h"
 #include "ledger/ui/create_view.h"
 #include "ledger/ui/frmnewsymbol_view.h"
 #include "ledger/ui/frmportwizard_view.h"
 #include "ledger/ui/newholding_view.h"
 #include "ledger/ui/portfolioexplorer_view.h"
+#include "runtime/vbdate.h"
 #include "tests/ledger/holdings.h"
 #include "tests/ledger/wizard_rows.h"
 #include "tests/support/grid_checks.h"

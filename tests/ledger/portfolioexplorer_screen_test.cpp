@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "app/frame/mdiform1_view.h"
+#include "app/mdiform1_view.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"

@@ -1,6 +1,6 @@
 #include "ledger/portfolioexplorer.h"
 
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/trade.h"
 #include "position/equitymanager.h"
 #include "tests/ledger/holdings.h"
@@ -77,7 +77,7 @@ TEST_F(PortfolioExplorerTest, SmallPortfolioWorkedByHand) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(PortfolioExplorerTest, ProfitLosesItsDecimalsBeforeTheCommission) {
+TEST_F(PortfolioExplorerTest, KeptProfitLosesItsDecimalsBeforeTheCommission) {
     struct Case {
         double profit;
         std::optional<double> commission;

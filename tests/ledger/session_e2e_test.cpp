@@ -2,16 +2,17 @@
 // a buy and a sell through the equity manager's Add Trade, a deposit, a split, Recalculate.
 // Every screen is driven through its state as its widget would drive it; the answers are
 // scripted and every question is read back.
-#include "app/base/vbdate.h"
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/create.h"
-#include "ledger/equitymanager_actions.h"
 #include "ledger/frmsplit.h"
+#include "ledger/ledger_requests.h"
 #include "ledger/newholding.h"
 #include "ledger/trade.h"
 #include "position/equitymanager.h"
+#include "position/equitymanager_actions.h"
 #include "position/setting.h"
+#include "runtime/vbdate.h"
 #include "store/database.h"
 #include "tests/support/program_test.h"
 
@@ -25,6 +26,7 @@ protected:
     void SetUp() override {
         // The main frame as the program starts it: "Simulation" chosen.
         m_program.frame().MDIForm_Load();
+        installLedgerRequests(m_program);
     }
 
     Database& db() { return m_program.store().database(); }

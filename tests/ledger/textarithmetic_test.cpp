@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/base/vberror.h"
-#include "app/base/vbmath.h"
+#include "runtime/vberror.h"
+#include "runtime/vbmath.h"
 
 namespace ostravel {
 namespace {

@@ -1,13 +1,13 @@
 // The trade screen beyond the effect table: Add Trade's checks and messages in their order, the
 // deposit offered when cash is short, what arrives in the boxes that is no number, the list with
 // its total, the commission proposal, Delete by the current cell, Close and the date button.
-#include "app/base/vbdate.h"
-#include "app/base/vbformat.h"
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/trade.h"
 #include "position/advice.h"
 #include "position/setting.h"
+#include "runtime/vbdate.h"
+#include "runtime/vbformat.h"
 #include "tests/ledger/trade_fixture.h"
 
 namespace ostravel {
@@ -135,7 +135,7 @@ TEST_F(TradeScreenLogicTest, LessCashQuestionHasItsTitleAndButtons) {
 }
 
 // Only the exact texts "0" and "0.00" are refused: these pass.
-TEST_F(TradeScreenLogicTest, ZeroWrittenOtherwisePassesTheZeroTest) {
+TEST_F(TradeScreenLogicTest, KeptZeroWrittenOtherwisePassesTheZeroTest) {
     for (const auto& [share, commission] : {std::pair{"0.0", "1"}, std::pair{"2", "0"}}) {
         openHolding();
         fill(QString::fromLatin1(share), QStringLiteral("100"), QString::fromLatin1(commission));
@@ -147,7 +147,7 @@ TEST_F(TradeScreenLogicTest, ZeroWrittenOtherwisePassesTheZeroTest) {
     }
 }
 
-TEST_F(TradeScreenLogicTest, DepositIsOfferedAndTheBuyGoesOnBelowZero) {
+TEST_F(TradeScreenLogicTest, KeptDepositIsOfferedAndTheBuyGoesOnBelowZero) {
     openHolding();
     Screens& screens = m_program.module<Screens>();
     QString buttonCaption, formCaption;
@@ -180,7 +180,7 @@ TEST_F(TradeScreenLogicTest, DepositIsOfferedAndTheBuyGoesOnBelowZero) {
     EXPECT_EQ(after.CurrentShares, 15);
 }
 
-TEST_F(TradeScreenLogicTest, SellOfAllSharesLeavesCpsAndLogs) {
+TEST_F(TradeScreenLogicTest, KeptSellOfAllSharesLeavesCpsAndLogs) {
     openHolding(Ledger{100, 10, 1000, 10, 1000, 1000, 95.5, 100, 0});
     fill(QStringLiteral("10"), QStringLiteral("150"), QStringLiteral("1"), 1);
     expectReports(1);
@@ -232,7 +232,7 @@ TEST_F(TradeScreenLogicTest, DateCaptionThatIsNoDateIsLoggedAndTheHoldingStillWh
     EXPECT_EQ(after.PortControl, 1300);
 }
 
-TEST_F(TradeScreenLogicTest, AddTakesOneTradeAndAdvisesOnlyInNormalMode) {
+TEST_F(TradeScreenLogicTest, KeptAddTakesOneTradeAndAdvisesOnlyInNormalMode) {
     openHolding();
     fill(QStringLiteral("5"), QStringLiteral("120"), QStringLiteral("1"));
     trade().cmdadd_Click();
@@ -334,7 +334,7 @@ TEST_F(TradeScreenLogicTest, RowClickFillsTheBoxesAndEnablesDelete) {
 
 // After a delete the list names the date before the symbol: the two stand under each other's
 // headings, and a row clicked then puts the symbol on the date button.
-TEST_F(TradeScreenLogicTest, DeleteSwapsSymbolAndDateUntilTheNextOpening) {
+TEST_F(TradeScreenLogicTest, KeptSwappedSymbolAndDateAfterDelete) {
     openHolding();
     const long long second = m_rows.addTrade(kInfy, kGrowth, 5, 120, 1, QStringLiteral("Buy"));
     m_rows.addTrade(kInfy, kGrowth, 1, 130, 1, QStringLiteral("Buy"));
@@ -358,7 +358,7 @@ TEST_F(TradeScreenLogicTest, DeleteSwapsSymbolAndDateUntilTheNextOpening) {
 }
 
 // The key is the current cell's text: a cell outside the Trade ID column selects by its text.
-TEST_F(TradeScreenLogicTest, DeleteByACellOutsideTheKeyColumnUsesThatText) {
+TEST_F(TradeScreenLogicTest, KeptDeleteKeyedOnGridCellText) {
     openHolding();
     m_rows.addTrade(kInfy, kGrowth, 1, 130, 1, QStringLiteral("Buy"));
     trade().MSFlexGrid1_Click(2, 0);  // " 2": the running number names the second trade
@@ -374,7 +374,7 @@ TEST_F(TradeScreenLogicTest, DeleteByACellOutsideTheKeyColumnUsesThatText) {
     EXPECT_EQ(m_rows.ledger(kInfy, kGrowth).CurrentShares, 10);
 }
 
-TEST_F(TradeScreenLogicTest, DeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTotal) {
+TEST_F(TradeScreenLogicTest, KeptDeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTotal) {
     openHolding();
     trade().MSFlexGrid1_Click(1, Trade::kTradeIdCol);
     expectReports(3);
@@ -415,7 +415,7 @@ TEST_F(TradeScreenLogicTest, AdviceAfterDeletingATradeKeptTheDeletedHoldingsPric
               1500);
 }
 
-TEST_F(TradeScreenLogicTest, CloseWithoutTradesRemovesTheSymbolInEveryPortfolio) {
+TEST_F(TradeScreenLogicTest, KeptCloseWithoutTradesRemovesTheSymbolInEveryPortfolio) {
     m_rows.addHolding(kInfy, kGrowth, Ledger{});
     m_rows.addHolding(kInfy, QStringLiteral("Other"), Ledger{});
     m_rows.addHolding(QStringLiteral("TCS"), kGrowth, Ledger{});

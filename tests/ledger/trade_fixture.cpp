@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "app/base/apppath.h"
+#include "runtime/apppath.h"
 #include "store/database.h"
 #include "store/sqltext.h"
 #include "tests/support/selection.h"

@@ -12,7 +12,7 @@
 #include <QTextBrowser>
 #include <memory>
 
-#include "app/screens.h"
+#include "context/screens.h"
 #include "ledger/addremovecash.h"
 #include "ledger/frmsplit.h"
 #include "ledger/trade.h"

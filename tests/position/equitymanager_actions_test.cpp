@@ -1,6 +1,7 @@
-#include "ledger/equitymanager_actions.h"
+#include "position/equitymanager_actions.h"
 
-#include "app/screens.h"
+#include "context/screens.h"
+#include "ledger/ledger_requests.h"
 #include "ledger/newholding.h"
 #include "ledger/trade.h"
 #include "position/equitymanager.h"
@@ -19,7 +20,11 @@ std::string caseName(const ::testing::TestParamInfo<Case>& tested) {
 
 class EquityManagerActionsTest : public PositionTest {
 protected:
-    EquityManagerActionsTest() { setRule({}); }
+    // The buttons lead into the ledger's screens as the program wires them at start-up.
+    EquityManagerActionsTest() {
+        setRule({});
+        installLedgerRequests(m_program);
+    }
 
     EquityManagerActions& actions() { return m_program.module<EquityManagerActions>(); }
     EquityManager& em() { return m_program.module<EquityManager>(); }

@@ -9,12 +9,12 @@
 #include <QTest>
 #include <memory>
 
-#include "app/base/vbdate.h"
-#include "app/frame/mdiform1_view.h"
-#include "app/program_folder.h"
-#include "app/screens.h"
+#include "app/mdiform1_view.h"
+#include "context/program_folder.h"
+#include "context/screens.h"
 #include "position/equitymanager.h"
 #include "position/ui/equitymanager_view.h"
+#include "runtime/vbdate.h"
 #include "store/database.h"
 #include "tests/support/program_screen_test.h"
 #include "tests/support/selection.h"

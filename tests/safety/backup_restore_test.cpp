@@ -113,7 +113,7 @@ protected:
     std::unique_ptr<ProgramFolder> m_source;
 };
 
-TEST_F(BackupRestore, BackupRestoredInAFreshFolderGivesBackEveryRow) {
+TEST_F(BackupRestore, KeptUnpackedCopyStaysWhenABackupRestoresEveryRow) {
     // An older backup in the folder is replaced without a question.
     writeBytes(backupFile(), "an older backup");
     EXPECT_EQ(backUp(backups()), 1);

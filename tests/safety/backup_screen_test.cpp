@@ -17,7 +17,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "app/frame/mdiform1_view.h"
+#include "app/mdiform1_view.h"
 #include "safety/backup.h"
 #include "safety/restore.h"
 #include "safety/ui/backup_path_view.h"

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "safety/clshuffman.h"
 #include "safety/he3_format.h"
 

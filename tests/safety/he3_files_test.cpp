@@ -6,9 +6,9 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
-#include "app/base/apppath.h"
-#include "app/base/scripted_prompt.h"
 #include "cli/commands.h"
+#include "runtime/apppath.h"
+#include "runtime/scripted_prompt.h"
 #include "tests/safety/he3_test_support.h"
 
 namespace ostravel::test {

@@ -12,7 +12,7 @@
 #include <ostream>
 #include <string>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 #include "safety/clshuffman.h"
 #include "tests/support/qstring_printer.h"
 #include "tests/support/raised.h"

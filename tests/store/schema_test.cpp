@@ -1,6 +1,6 @@
 #include "store/schema.h"
 
-#include "app/base/vbdate.h"
+#include "runtime/vbdate.h"
 #include "store/dberrors.h"
 #include "store/journal.h"
 #include "tests/store/storetestsupport.h"

@@ -2,9 +2,9 @@
 
 #include <QDir>
 
-#include "app/base/apppath.h"
-#include "app/base/reporterror.h"
-#include "app/base/scripted_prompt.h"
+#include "runtime/apppath.h"
+#include "runtime/reporterror.h"
+#include "runtime/scripted_prompt.h"
 #include "store/dberrors.h"
 #include "tests/store/storetestsupport.h"
 
@@ -63,7 +63,7 @@ TEST_F(StoreTest, CalledAgainWhileOpenReopensTheRecordsets) {
     EXPECT_TRUE(prompt.asked().isEmpty());
 }
 
-TEST_F(StoreTest, MissingTableIsReportedAndTheNextStepsRun) {
+TEST_F(StoreTest, KeptMissingUnreadTableIsReportedAndTheNextStepsRun) {
     store.connection();
     store.database().execute(QStringLiteral("drop table bank"));
     store.database().execute(QStringLiteral("insert into simulation (date, Close) values (#1/3/2005#, 1.5)"));

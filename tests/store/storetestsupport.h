@@ -7,8 +7,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
-#include "app/base/variant.h"
-#include "app/base/vberror.h"
+#include "runtime/variant.h"
+#include "runtime/vberror.h"
 #include "store/database.h"
 #include "tests/support/raised.h"
 

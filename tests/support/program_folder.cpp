@@ -3,8 +3,8 @@
 #include <QDir>
 #include <stdexcept>
 
-#include "app/base/apppath.h"
-#include "app/program_folder.h"
+#include "context/program_folder.h"
+#include "runtime/apppath.h"
 #include "store/store.h"
 
 namespace ostravel::test {

@@ -5,9 +5,9 @@
 #include <QStringList>
 #include <memory>
 
-#include "app/base/reporterror.h"
-#include "app/base/scripted_prompt.h"
-#include "app/program.h"
+#include "context/program.h"
+#include "runtime/reporterror.h"
+#include "runtime/scripted_prompt.h"
 
 namespace ostravel::test {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "app/base/vberror.h"
+#include "runtime/vberror.h"
 
 namespace ostravel::test {
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "app/mainframe.h"
+#include "context/mainframe.h"
 
 namespace ostravel::test {
 

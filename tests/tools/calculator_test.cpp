@@ -5,7 +5,7 @@
 #include <QSet>
 #include <QStringList>
 
-#include "app/menu_tree.h"
+#include "context/menu_tree.h"
 #include "tools/keyboard_help.h"
 
 namespace ostravel {

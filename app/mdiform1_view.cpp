@@ -1,0 +1,341 @@
+#include "app/mdiform1_view.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDateTime>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <algorithm>
+#include <string_view>
+
+#include "app/help_window.h"
+#include "app/quick_view.h"
+#include "app/screen_openers.h"
+#include "context/menu_tree.h"
+#include "context/posform.h"
+#include "context/program.h"
+#include "context/screens.h"
+#include "ledger/addremovecash.h"
+#include "ledger/frmsplit.h"
+#include "ledger/portfolioexplorer.h"
+#include "market/gethistory.h"
+#include "market/history.h"
+#include "market/ui/market_actions.h"
+#include "position/ui/websetting_view.h"
+#include "safety/ui/backup_view.h"
+#include "safety/ui/restore_view.h"
+#include "tools/ui/calc_view.h"
+#include "tools/ui/keyboard_help_view.h"
+
+namespace ostravel {
+
+MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(parent), m_program(program) {
+    setObjectName(QStringLiteral("MDIForm1"));
+    m_mdi = new QMdiArea(this);
+    m_mdi->setObjectName(QStringLiteral("mdiArea"));
+    setCentralWidget(m_mdi);
+
+    buildMenus();
+    buildCoolBar();
+    buildStatusBar();
+    connectMenu();
+
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        setGeometry(screen->availableGeometry());
+
+    // The overview refills whenever the portfolio changes, open or not.
+    m_program.frame().selectportfolio = [&program] { selectportfolio(program); };
+    m_program.frame().mirror = [this] { refresh(); };
+    registerScreenOpeners(*this, m_program);
+    m_program.frame().MDIForm_Load();
+    refresh();
+    QTimer::singleShot(0, this, &MDIForm1View::showQuickIfWanted);
+}
+
+MDIForm1View::~MDIForm1View() {
+    m_program.frame().mirror = {};
+}
+
+void MDIForm1View::buildMenus() {
+    for (const MenuItem& top : menuTree()) {
+        QMenu* menu = menuBar()->addMenu(top.caption);
+        menu->setObjectName(top.name);
+        addMenuItems(menu, top.children);
+    }
+}
+
+void MDIForm1View::addMenuItems(QWidget* menuWidget, const QList<MenuItem>& items) {
+    auto* menu = static_cast<QMenu*>(menuWidget);
+    for (const MenuItem& item : items) {
+        if (item.separator()) {
+            menu->addSeparator()->setObjectName(item.name);
+            continue;
+        }
+        if (!item.children.isEmpty()) {
+            QMenu* sub = menu->addMenu(item.caption);
+            sub->setObjectName(item.name);
+            addMenuItems(sub, item.children);
+            sub->setEnabled(
+                std::any_of(item.children.begin(), item.children.end(), [](const MenuItem& c) { return c.available; }));
+            continue;
+        }
+        QAction* action = menu->addAction(item.caption);
+        action->setObjectName(item.name);
+        action->setEnabled(item.available);
+        if (!item.shortcut.isEmpty())
+            action->setShortcut(QKeySequence(item.shortcut));
+        m_actions.insert(item.name, action);
+    }
+}
+
+void MDIForm1View::buildCoolBar() {
+    QToolBar* bar = addToolBar(QStringLiteral("coolbar1"));
+    bar->setObjectName(QStringLiteral("coolbar1"));
+    bar->setMovable(false);
+
+    auto* command3 = new QPushButton(QStringLiteral("Select Portfolio :"), bar);
+    command3->setObjectName(QStringLiteral("Command3"));
+    command3->setFlat(true);
+    command3->setFocusPolicy(Qt::NoFocus);
+    bar->addWidget(command3);
+
+    m_cmbportfolio = new QComboBox(bar);
+    m_cmbportfolio->setObjectName(QStringLiteral("cmbportfolio"));
+    m_cmbportfolio->setMinimumContentsLength(16);
+    bar->addWidget(m_cmbportfolio);
+
+    m_Cmbequityname = new QComboBox(bar);
+    m_Cmbequityname->setObjectName(QStringLiteral("Cmbequityname"));
+    m_Cmbequityname->setMinimumContentsLength(28);
+    m_Cmbequityname->setMaxVisibleItems(20);
+    bar->addWidget(m_Cmbequityname);
+
+    m_cmbequity = new QComboBox(bar);
+    m_cmbequity->setObjectName(QStringLiteral("cmbequity"));
+    m_cmbequity->setEditable(true);
+    m_cmbequity->setInsertPolicy(QComboBox::NoInsert);
+    m_cmbequity->setMinimumContentsLength(14);
+    m_cmbequity->setToolTip(QStringLiteral("Write the correct code if you know the code eg.  hindpetro.ns"));
+    m_cmbequity->lineEdit()->installEventFilter(this);
+    bar->addWidget(m_cmbequity);
+
+    // The buttons of the simulation and the ticker, disabled until those screens exist.
+    const std::pair<const char*, const char*> buttons[] = {{"Command1", "Get History"},
+                                                           {"cmdupdatehistory", "Update History"},
+                                                           {"cdmrunsimulation", "Run Simulation"},
+                                                           {"cmdonlinestatus", "Online Mode"},
+                                                           {"cmdticker", "Ticker"}};
+    for (const auto& [name, caption] : buttons) {
+        auto* button = new QPushButton(QString::fromUtf8(caption), bar);
+        button->setObjectName(QString::fromUtf8(name));
+        button->setEnabled(name == std::string_view("cmdupdatehistory") || name == std::string_view("cmdonlinestatus"));
+        bar->addWidget(button);
+    }
+    auto* updateHistory = bar->findChild<QPushButton*>(QStringLiteral("cmdupdatehistory"));
+    connect(updateHistory, &QPushButton::clicked, this, [this] {
+        runUpdateHistory(m_program, this);
+        refresh();
+    });
+    auto* onlineStatus = bar->findChild<QPushButton*>(QStringLiteral("cmdonlinestatus"));
+    connect(onlineStatus, &QPushButton::clicked, this, [this, onlineStatus] {
+        onlineStatus->setText(cmdonlinestatus_Click(m_program, onlineStatus->text()));
+        refresh();
+    });
+    m_program.module<HistoryState>().focusCmbequity = [this] { m_cmbequity->setFocus(); };
+
+    connect(m_cmbportfolio, &QComboBox::currentTextChanged, this, [this](const QString& text) {
+        m_program.frame().cmbportfolio.text = text;
+        m_program.frame().cmbportfolio_Change();
+        refresh();
+    });
+    connect(m_Cmbequityname, &QComboBox::activated, this, [this](int index) {
+        m_program.frame().Cmbequityname.text = m_Cmbequityname->itemText(index);
+        m_program.frame().Cmbequityname_Click();
+        refresh();
+    });
+    connect(m_cmbequity, &QComboBox::editTextChanged, this, [this](const QString& text) {
+        m_program.frame().cmbequity = text;
+        m_program.frame().cmbequity_Change();
+        refresh();
+    });
+}
+
+void MDIForm1View::buildStatusBar() {
+    QStatusBar* bar = statusBar();
+    bar->setObjectName(QStringLiteral("StatusBar1"));
+    for (int i = 0; i < MainFrame::kPanels; ++i) {
+        m_panels[i] = new QLabel(bar);
+        m_panels[i]->setObjectName(QStringLiteral("panel%1").arg(i + 1));
+        m_panels[i]->setFrameShape(QFrame::Panel);
+        m_panels[i]->setFrameShadow(QFrame::Sunken);
+        bar->addPermanentWidget(m_panels[i], i == MainFrame::kPanels - 1 ? 1 : 0);
+    }
+    auto* clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, &MDIForm1View::updatePanels);
+    clock->start(1000);
+}
+
+void MDIForm1View::connectMenu() {
+    connect(action(QStringLiteral("Exit")), &QAction::triggered, this, &MDIForm1View::onExit);
+    connect(action(QStringLiteral("mnucalc")), &QAction::triggered, this, [this] { showChild(new calc); });
+    connect(action(QStringLiteral("mnykbhelp")), &QAction::triggered, this,
+            [this] { showChild(new FRM_KEYBOARD_HELP); });
+    connect(action(QStringLiteral("Helpchm")), &QAction::triggered, this, [this] { showHelpWindow(this); });
+    connect(action(QStringLiteral("UserPreferance")), &QAction::triggered, this, [this] {
+        WebSettingForm dialog(m_program, this);
+        dialog.exec();
+    });
+    connect(action(QStringLiteral("mnuallportfolio")), &QAction::triggered, this, [this] {
+        selectportfolio(m_program);
+        m_program.module<Screens>().show(QStringLiteral("Portfolioexplorer"));
+    });
+    connect(action(QStringLiteral("mnu_backup")), &QAction::triggered, this,
+            [this] { showChild(new FRM_BACK_UP(m_program)); });
+    connect(action(QStringLiteral("mnu_restore")), &QAction::triggered, this, [this] {
+        auto* screen = new FRM_RESTORE(m_program);
+        connect(screen, &FRM_RESTORE::restored, this, &MDIForm1View::refresh);
+        showChild(screen);
+    });
+    const std::pair<const char*, CashMovement> cashEntries[] = {
+        {"mnudepositcash", CashMovement::Deposit},
+        {"Mnuwcash", CashMovement::Withdrawal},
+        {"addinterest", CashMovement::Interest},
+    };
+    for (const auto& [name, movement] : cashEntries)
+        connect(action(QString::fromLatin1(name)), &QAction::triggered, this,
+                [this, movement] { showCashMovement(m_program, movement); });
+    connect(action(QStringLiteral("mnuproxy")), &QAction::triggered, this,
+            [this] { showProxySettings(m_program, this); });
+    connect(action(QStringLiteral("mnuimporthistory")), &QAction::triggered, this,
+            [this] { showImportHistory(m_program, this); });
+    connect(action(QStringLiteral("Openfile")), &QAction::triggered, this, [this] {
+        runOpenFile(m_program);
+        refresh();
+    });
+    connect(action(QStringLiteral("mnugethistory")), &QAction::triggered, this, [this] {
+        runGetHistoryAll(m_program, this);
+        refresh();
+    });
+    connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
+    const std::pair<const char*, const char*> ledgerEntries[] = {
+        {"portfoliomanager", "frmportwizard"}, {"createnewport", "Create"},  {"AddNewEquity", "Newholding"},
+        {"mnynewsymbol", "frmnewsymbol"},      {"mnuchanges", "frmjournal"},
+    };
+    for (const auto& [name, screen] : ledgerEntries)
+        connect(action(QString::fromLatin1(name)), &QAction::triggered, this, [this, screen = screen] {
+            m_program.module<Screens>().show(QString::fromLatin1(screen));
+            refresh();
+        });
+}
+
+QWidget* MDIForm1View::showSingleChild(const QString& name, const std::function<QWidget*()>& make) {
+    for (QMdiSubWindow* sub : m_mdi->subWindowList()) {
+        if (sub->widget() && sub->widget()->objectName() == name) {
+            m_mdi->setActiveSubWindow(sub);
+            return sub->widget();
+        }
+    }
+    QWidget* screen = make();
+    showChild(screen);
+    return screen;
+}
+
+void MDIForm1View::showChild(QWidget* screen) {
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    QMdiSubWindow* sub = m_mdi->addSubWindow(screen);
+    const QRect place = posForm(std::nullopt, m_mdi->viewport()->size());
+    // Small tools keep their own size at the left edge; full screens take the free area.
+    if (screen->property("keepsSize").toBool())
+        sub->move(place.topLeft());
+    else
+        sub->setGeometry(place);
+    screen->show();
+    sub->show();
+}
+
+void MDIForm1View::showQuickIfWanted() {
+    if (quick::wantedAtStart(m_program))
+        showChild(new quick(m_program));
+}
+
+void MDIForm1View::refresh() {
+    MainFrame& frame = m_program.frame();
+    setWindowTitle(frame.caption);
+
+    const QSignalBlocker b1(m_cmbportfolio), b2(m_Cmbequityname), b3(m_cmbequity);
+    auto mirrorList = [](QComboBox* box, const ComboState& state) {
+        QStringList current;
+        for (int i = 0; i < box->count(); ++i) current << box->itemText(i);
+        if (current != state.items) {
+            box->clear();
+            box->addItems(state.items);
+        }
+        const int index = box->findText(state.text);
+        if (index >= 0)
+            box->setCurrentIndex(index);
+    };
+    mirrorList(m_cmbportfolio, frame.cmbportfolio);
+    mirrorList(m_Cmbequityname, frame.Cmbequityname);
+    if (m_cmbequity->currentText() != frame.cmbequity)
+        m_cmbequity->setEditText(frame.cmbequity);
+    updatePanels();
+}
+
+void MDIForm1View::updatePanels() {
+    const MainFrame& frame = m_program.frame();
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString texts[MainFrame::kPanels] = {now.toString(QStringLiteral("dd/MM/yyyy")),
+                                               now.toString(QStringLiteral("hh:mm")),
+                                               frame.cmbportfolio.text,
+                                               frame.cmbequity,
+                                               frame.OnlineFlag ? QStringLiteral("Online") : QStringLiteral("Offline"),
+                                               frame.panel6};
+    for (int i = 0; i < MainFrame::kPanels; ++i) m_panels[i]->setText(texts[i]);
+}
+
+bool MDIForm1View::eventFilter(QObject* watched, QEvent* event) {
+    // Enter in the stock code box runs "Get History" (while that button can run).
+    if (watched == m_cmbequity->lineEdit() && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            if (auto* getHistory = findChild<QPushButton*>(QStringLiteral("Command1")); getHistory->isEnabled())
+                getHistory->click();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MDIForm1View::closeEvent(QCloseEvent* event) {
+    if (m_program.frame().MDIForm_QueryUnload(m_exiting))
+        event->accept();
+    else
+        event->ignore();
+}
+
+void MDIForm1View::onExit() {
+    // The children go for good before the store closes: a screen that stayed until the exit
+    // question runs its events would do its database work on the closed store.
+    m_mdi->closeAllSubWindows();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (!m_program.frame().Exit()) {
+        refresh();
+        return;
+    }
+    m_exiting = true;
+    close();
+    QApplication::quit();
+}
+
+}  // namespace ostravel

@@ -1,0 +1,25 @@
+// The prompt of a run without a user: every box is printed to stderr and answered with its
+// default button; dialogs are cancelled.
+#pragma once
+
+#include <optional>
+
+#include "runtime/prompt.h"
+
+namespace ostravel::cli {
+
+class HeadlessPrompt : public Prompt {
+public:
+    // The answer to the advice's what-if price box, from the command line.
+    std::optional<QString> whatIfPrice;
+
+    Answer message(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+    std::optional<QString> input(const QString& text, const QString& title, const QString& initial) override;
+    std::optional<QString> openFile(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> saveFile(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> chooseFolder(const QString&, const QString&) override { return {}; }
+    std::optional<std::uint32_t> chooseColour(std::uint32_t) override { return {}; }
+    std::optional<FontChoice> chooseFont(const FontChoice&) override { return {}; }
+};
+
+}  // namespace ostravel::cli

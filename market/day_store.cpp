@@ -1,0 +1,77 @@
+#include "market/day_store.h"
+
+#include <QDir>
+#include <set>
+
+#include "market/hosts.h"
+#include "runtime/apppath.h"
+#include "runtime/trap.h"
+#include "runtime/vbdate.h"
+
+namespace ostravel {
+
+DayStoreSettings dayStoreSettings() {
+    const QString section = QStringLiteral("DayStore");
+    return {hostsIniValue(section, QStringLiteral("host")), hostsIniValue(section, QStringLiteral("port")),
+            hostsIniValue(section, QStringLiteral("database")), hostsIniValue(section, QStringLiteral("user"))};
+}
+
+QString dayFileFolder() {
+    QString folder = hostsIniValue(QStringLiteral("DayStore"), QStringLiteral("folder"));
+    if (folder.isEmpty())
+        folder = QStringLiteral("history/bhav");
+    return QDir::isAbsolutePath(folder) ? QDir::cleanPath(folder) : appFile(folder);
+}
+
+std::unique_ptr<DayStore> openDayStore() {
+    const DayStoreSettings settings = dayStoreSettings();
+    if (settings.host.isEmpty())
+        return openSqliteDayStore(appFile(kDayStoreFile));
+    return openPostgresDayStore(settings);
+}
+
+namespace {
+
+QString createYearTableSql(int year) {
+    return QStringLiteral(
+               "create table if not exists \"%1\" (SYMBOL text not null, SERIES text not null, OPEN double precision, "
+               "HIGH double precision, LOW double precision, CLOSE double precision, LAST double precision, "
+               "PREVCLOSE double precision, TOTTRDQTY double precision, TOTTRDVAL double precision, "
+               "TIMESTAMP text not null, unique (SYMBOL, SERIES, TIMESTAMP))")
+        .arg(year);
+}
+
+}  // namespace
+
+std::optional<QDate> DayStore::lastDay() {
+    const int year = latestYear();
+    if (year == 0)
+        return std::nullopt;
+    std::optional<QDate> last;
+    for (const QString& text : timestamps(year))
+        if (const auto serial = parseDate(text); serial && (!last || serialToDate(*serial) > *last))
+            last = serialToDate(*serial);
+    return last;
+}
+
+long long DayStore::load(const DayFile& day) {
+    std::set<int> years;
+    for (const DayRow& row : day.rows) years.insert(row.day.year());
+    execute(QStringLiteral("begin"));
+    long long added = 0;
+    const bool done = trapped(
+        [&] {
+            for (const int year : years) {
+                execute(createYearTableSql(year));
+                added += insertYear(day, year);
+            }
+            execute(QStringLiteral("commit"));
+        },
+        [&](const VbError& e) {
+            passedOver([&] { execute(QStringLiteral("rollback")); });
+            throw e;
+        });
+    return done ? added : 0;
+}
+
+}  // namespace ostravel
