@@ -79,7 +79,7 @@ RunOutcome Run::go() {
     m_run.daysMost = 0;
     // All of a run's rows go in together: a run that breaks off leaves the last one's tables.
     std::optional<Transaction> work;
-    statement([&] { work.emplace(m_store.database()); });
+    statement([&] { work.emplace(m_store.database(), QStringLiteral("Run Simulation")); });
     try {
         steps();
     } catch (const NotComplete&) {

@@ -67,6 +67,17 @@ TEST_F(SimulationCommandsTest, ACodeNotInTheListStillGetsItsNarrative) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
+TEST_F(SimulationCommandsTest, KeptRunSimulationReportsUnderGetHistorysName) {
+    tataMotors();
+    m_program.store().database().execute(QStringLiteral("drop table qoutense"));
+    m_prompt.answer(Answer::OK);
+    cdmrunsimulation_Click(m_program);
+    ASSERT_FALSE(m_prompt.messages().isEmpty());
+    EXPECT_TRUE(
+        m_prompt.messages().front().contains(QStringLiteral(" in (Form) MDIForm1::Sub Command1_Click             \n")))
+        << m_prompt.messages().front().toStdString();
+}
+
 TEST_F(SimulationCommandsTest, NothingLoadedDoesNotRunAnotherStocksHistory) {
     days({100, 130, 80, 90});
     frame().cmbequity = QStringLiteral("INFY.NS");
