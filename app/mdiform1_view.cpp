@@ -22,6 +22,7 @@
 #include "app/help_window.h"
 #include "app/quick_view.h"
 #include "app/screen_openers.h"
+#include "charts/frmmain.h"
 #include "context/menu_tree.h"
 #include "context/posform.h"
 #include "context/program.h"
@@ -226,6 +227,10 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("mnugethistory")), &QAction::triggered, this, [this] {
         runGetHistoryAll(m_program, this);
         refresh();
+    });
+    connect(action(QStringLiteral("StockPriceChart")), &QAction::triggered, this, [this] {
+        if (StockPriceChart_Click(m_program))
+            m_program.module<Screens>().show(QStringLiteral("frmMain"));
     });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     const std::pair<const char*, const char*> ledgerEntries[] = {

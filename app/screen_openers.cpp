@@ -1,11 +1,15 @@
 #include "app/screen_openers.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTimer>
 #include <functional>
 
 #include "app/mdiform1_view.h"
+#include "charts/ui/frmmain_view.h"
 #include "context/program.h"
 #include "context/screens.h"
 #include "ledger/frmsplit.h"
@@ -103,6 +107,16 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     screens.setOpener(QStringLiteral("setting"), [&frame, &program] {
         SettingForm dialog(program, &frame);
         dialog.exec();
+    });
+    // The chart: a new window on the stock in work each time; the one open before goes. Its
+    // history loads once the window shows.
+    screens.setOpener(QStringLiteral("frmMain"), [&frame, &program] {
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+            if (sub->widget() && sub->widget()->objectName() == QLatin1String("frmMain"))
+                sub->close();
+        auto* chart = new FrmMainForm(program, [&frame] { frame.action(QStringLiteral("Exit"))->trigger(); });
+        frame.showChild(chart);
+        QTimer::singleShot(0, chart, &FrmMainForm::loadHistory);
     });
     installLedgerRequests(program);
     AdviceValues& advice = program.module<AdviceValues>();

@@ -30,7 +30,7 @@ QList<MenuItem> buildTree() {
                     item("Add Interest or &Dividends", "addinterest", "", true)}),
               item("&Bank", "mnubank", "", false)}),
         menu("Technical Analysis", "mnutechnicalanalysis",
-             {item("Tecnical Charts", "StockPriceChart", "Ctrl+T", false), item("50/200 DMA", "mnudmA", "", false)}),
+             {item("Tecnical Charts", "StockPriceChart", "Ctrl+T", true), item("50/200 DMA", "mnudmA", "", false)}),
         menu("T&ools", "mnutools",
              {item("User Preference", "UserPreferance", "Ctrl+Shift+U", true),
               item("Stock Split Adjust", "stocksplit", "", true),

@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth clang libclang-rt-14-dev
   clang-format python3
+  fonts-dejavu-core
 )
 
 missing=()
