@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -149,6 +150,40 @@ TEST(CliHistory, FetchesPagesFromTheServiceAndPrintsTheLastCaption) {
                           "--to", "2022-12-31"});
     EXPECT_EQ(r.out, QStringLiteral("Got history of RELIANCE From File\n")) << r.err.toStdString();
     EXPECT_EQ(service.requests().size(), 2u);
+}
+
+TEST(CliCharts, IndicatorsPrintEachBarAndAnErrorKeepsTheValuesAsTheyStand) {
+    QTemporaryDir dir;
+    cli({"--folder", dir.path(), "history", "import", "--symbol", "TATAMOTORS", data("history/TATAMOTORS.csv")});
+    const std::pair<const char*, qsizetype> names[] = {{"CCI", 4},   {"MACD", 4}, {"ROC%", 2},  {"RSI", 2},
+                                                       {"STOCH", 4}, {"AVG", 2},  {"EXPAVG", 2}};
+    for (const auto& [name, fields] : names) {
+        const CliRun r = cli({"--folder", dir.path(), "indicators", "--symbol", "TATAMOTORS", "--name", name});
+        ASSERT_EQ(r.exitCode, 0) << name << r.err.toStdString();
+        const QStringList lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_EQ(lines.size(), 249) << name;
+        EXPECT_EQ(lines.back().split(QLatin1Char(',')).size(), fields) << name;
+        EXPECT_TRUE(lines.front().startsWith(QStringLiteral("0,"))) << name;
+    }
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("Chart.INI"))));
+    // RSI over one bar divides by zero at the first rise: the bars before it are printed as they are.
+    QFile ini(dir.filePath(QStringLiteral("Chart.INI")));
+    ASSERT_TRUE(ini.open(QIODevice::ReadWrite));
+    const QByteArray text = ini.readAll().replace("RsiLen=14", "RsiLen=1");
+    ini.resize(0);
+    ini.write(text);
+    ini.close();
+    const CliRun failed = cli({"--folder", dir.path(), "indicators", "--symbol", "TATAMOTORS", "--name", "RSI"});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_TRUE(failed.err.contains(QStringLiteral("run-time error 11"))) << failed.err.toStdString();
+    EXPECT_TRUE(failed.out.startsWith(QStringLiteral("0,0\n1,0\n")));
+
+    const QString picture = dir.filePath(QStringLiteral("chart.png"));
+    const CliRun drawn = cli({"--folder", dir.path(), "chart", "--symbol", "TATAMOTORS", "--out", picture, "--width",
+                              "640", "--height", "480"});
+    ASSERT_EQ(drawn.exitCode, 0) << drawn.err.toStdString();
+    EXPECT_EQ(QImage(picture).size(), QSize(640, 480));
+    EXPECT_EQ(cli({"--folder", dir.path(), "chart", "--symbol", "NOSUCH", "--out", picture}).exitCode, 1);
 }
 
 }  // namespace
