@@ -62,7 +62,7 @@ void FrmMain::ChartBoxDraw() {
     for (std::int32_t i = std::max(FirstBar, 0); i <= LastBar && i <= m_history.LastIdx; ++i) {
         const StockRecord& b = m_history.StockData[static_cast<std::size_t>(i)];
         HighPrice = std::max(HighPrice, b.High);
-        // Kept: a low of 0 is no price and doesn't pull the scale down.
+        // A low of 0 is no price and doesn't pull the scale down.
         if (b.Low > 0)
             LowPrice = std::min(LowPrice, b.Low);
         MaxVolume = std::max(MaxVolume, static_cast<double>(b.Volume));
@@ -183,8 +183,7 @@ void FrmMain::drawBars() {
 
 void FrmMain::drawVolumeLabel() {
     PictureBox& box = ChartBox;
-    // Kept: the label names the volume of the bar where the drawing stopped, the first one
-    // left out.
+    // The label names the volume of the bar where the drawing stopped, the first one left out.
     const QString text = QStringLiteral("Volume: ") + QString::number(bar(m_history, m_volumeLabelBar).Volume);
     const double top = m_settings.WindowSplit1 + 3;
     box.Box(1, top, 1 + box.TextWidth(text), top + box.TextHeight(text), m_settings.BackColor);

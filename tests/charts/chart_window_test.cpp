@@ -10,6 +10,7 @@
 #include "charts/chart_geometry.h"
 #include "charts/chart_settings.h"
 #include "charts/frmmain.h"
+#include "charts/indicators/cci.h"
 #include "charts/indicators/macd.h"
 #include "charts/mfunctions.h"
 #include "charts/midicators.h"
@@ -76,7 +77,6 @@ protected:
 
 TEST_F(ChartWindow, DrawsThePictureOfTheGoldenOne) {
     ASSERT_TRUE(chart.DataReady);
-    EXPECT_EQ(chart.Caption, QStringLiteral("18/10/2022     O: 401   H: 406.7   L:400.7   C: 404.25   V: 14215544"));
     const QString golden = testData(QStringLiteral("charts/tatamotors_800x600.png"));
     if (qEnvironmentVariableIsSet("OSTRAVEL_WRITE_GOLDEN"))
         chart.ChartBoxV.save(golden);
@@ -98,13 +98,23 @@ TEST_F(ChartWindow, EachIndicatorFillsItsPaneAndAnUnknownNameNone) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(ChartWindow, ResizeZoomAndDividersWriteWhatTheProgramWrites) {
-    // A resize shows 5 pixels a bar, and the file keeps its spacing until a zoom writes it.
+TEST_F(ChartWindow, KeptCaptionHasNoBlankAfterL) {
+    EXPECT_EQ(chart.Caption, QStringLiteral("18/10/2022     O: 401   H: 406.7   L:400.7   C: 404.25   V: 14215544"));
+}
+
+TEST_F(ChartWindow, KeptResizeShowsFivePixelsABarAndTheFileKeepsItsSpacingUntilAZoom) {
     EXPECT_EQ(std::pair(chart.settings().BarSpacing, ini("BarSpacing")), std::pair(5.0f, QStringLiteral("3")));
     chart.mnuincrease_Click();
     EXPECT_EQ(std::tuple(ini("BarSpacing"), chart.VisibleBars, chart.ZoomLock),
               std::tuple(QStringLiteral("6"), visibleBarsFor(chart.ChartRight, 6), false));
+    // The pop-up's spacing is shown but neither saved nor counted into the visible bars.
+    m_prompt.answerText(QStringLiteral("9"));
+    chart.mnuPuBarSpacing_Click();
+    EXPECT_EQ(std::tuple(chart.settings().BarSpacing, ini("BarSpacing"), chart.VisibleBars),
+              std::tuple(9.0f, QStringLiteral("6"), visibleBarsFor(chart.ChartRight, 6)));
+}
 
+TEST_F(ChartWindow, DividersWriteWhereTheyAreDroppedAndADragOutOfItsBandEnds) {
     // The window is shorter than the saved splits: they moved and were written at load.
     const float split1 = chart.settings().WindowSplit1;
     EXPECT_EQ(ini("WindowSplit1"), QString::number(split1));
@@ -127,14 +137,14 @@ TEST_F(ChartWindow, ResizeZoomAndDividersWriteWhatTheProgramWrites) {
     EXPECT_EQ(ini("WindowSplit1"), QString::number(split1 - 20));
 }
 
-TEST_F(ChartWindow, WheelAndControlKeysScrollAsTheProgramDoes) {
+TEST_F(ChartWindow, KeptCtrlArrowsAndPagesOnlyRedrawWhileTheWheelEndAndHomeScroll) {
     const std::int32_t oldest = chart.history().LastIdx - chart.VisibleBars;
     chart.MouseWheel1_WheelRotate(10, false);
     EXPECT_EQ(chart.ScrollOffset, std::max(0, std::min(10, oldest)));
     chart.MouseWheel1_WheelRotate(100000, true);  // with a key: nothing
     chart.MouseWheel1_WheelRotate(-100000, false);
     EXPECT_EQ(chart.ScrollOffset, 0);
-    chart.controlKey(FrmMain::ScrollKey::Left);  // Kept: redraws only
+    chart.controlKey(FrmMain::ScrollKey::Left);
     EXPECT_EQ(chart.ScrollOffset, 0);
     chart.controlKey(FrmMain::ScrollKey::Home);
     EXPECT_EQ(chart.ScrollOffset, std::max(0, oldest));
@@ -150,6 +160,56 @@ TEST_F(ChartWindow, CrosshairSnapsAndAQuickSecondPressShowsTheBar) {
     EXPECT_FALSE(chart.ChLine1.Visible || chart.lblMousePrice.Visible || chart.SystemCursorHidden);
     chart.MouseDown(chart.ChartRight, 100, 50001.1);
     EXPECT_TRUE(chart.lblMousePrice.Caption.startsWith(QStringLiteral("18/10/2022\n")));
+}
+
+TEST_F(ChartWindow, KeptMouseLabelNamesTheBarCountedFromTheLastOnAScrolledChart) {
+    chart.MouseWheel1_WheelRotate(30, false);
+    ASSERT_GT(chart.ScrollOffset, 0);
+    chart.MouseMove(false, chart.ChartRight, 100);
+    chart.MouseDown(chart.ChartRight, 100, 50000);
+    chart.MouseUp();
+    chart.MouseDown(chart.ChartRight, 100, 50001);
+    EXPECT_TRUE(chart.lblMousePrice.Caption.startsWith(QStringLiteral("18/10/2022\n")));
+}
+
+TEST_F(ChartWindow, KeptHlocBarsWriteTheirColourIntoTicColorWhichTheNextSaveStores) {
+    ChartSettings& s = chart.settings();
+    s.TicType = 2;
+    s.TicColor = 1;
+    chart.ChartBoxDraw();
+    const StockRecord& lastDrawn = chart.history().StockData[chart.LastBar - chart.BarsDrawn + 1];
+    const std::int32_t expected = lastDrawn.Close < lastDrawn.Open ? s.TicCandleDnColor : s.TicCandleUpColor;
+    EXPECT_EQ(s.TicColor, expected);
+    s.SaveIniSettings(QStringLiteral("tatamotors"));
+    EXPECT_EQ(ini("TicColor"), QString::number(expected));
+}
+
+TEST_F(ChartWindow, AZeroLowDoesntPullTheScaleDown) {
+    const double low = chart.LowPrice;
+    chart.history().StockData[chart.LastBar].Low = 0;
+    chart.ChartBoxDraw();
+    EXPECT_GE(chart.LowPrice, low);
+}
+
+TEST_F(ChartWindow, KeptCciPlotsTheAverageOfItsAverageAndItselfButNotItsAverage) {
+    MIdicators& indicators = m_program.module<MIdicators>();
+    indicators.SetCurrentIndicator(QStringLiteral("CCI"));
+    indicators.LoadStockDataArray();
+    const IndicatorLines& lines = indicators.IndArray;
+    ASSERT_EQ(lines.lines.size(), 2u);
+    for (std::int32_t i = lines.lo; i <= lines.hi; ++i)
+        ASSERT_EQ(std::pair(lines(i, 0), lines(i, 1)),
+                  std::pair(indicators.CCIInd->RetValAvgAvg(i), indicators.CCIInd->RetVal(i)));
+}
+
+TEST_F(ChartWindow, KeptLegendShowsTheLastBarOfTheArrayWhileScrolling) {
+    // MACD's legend, the title and its three values at the last bar, is the same picture scrolled.
+    const int top = static_cast<int>(chart.settings().WindowSplit2) + 3;
+    const QRect legend(1, top, 200, chart.TextH);
+    const QImage newest = chart.ChartBoxV.copy(legend);
+    chart.MouseWheel1_WheelRotate(60, false);
+    ASSERT_GT(chart.ScrollOffset, 0);
+    EXPECT_EQ(chart.ChartBoxV.copy(legend), newest);
 }
 
 TEST_F(ChartWindow, PopUpPromptsIgnoreWhatIsNoNumberOrTooSmall) {

@@ -89,7 +89,7 @@ TEST(ExpMovAvg, StartsFromTheFirstValueWithSingleWeights) {
     }
 }
 
-TEST(RSI, FirstWindowIsShortAndFlatOrRisingClosesAsTheProgramHasThem) {
+TEST(RSI, KeptFirstWindowOneChangeShortAndFlatOrRisingClosesAsTheProgramHasThem) {
     struct Row {
         Series x;
         int len;
@@ -137,7 +137,7 @@ TEST(CCI, KeptPeriodsFixedAt13And3And5) {
     EXPECT_EQ(results(cci, &CCI::RetVal, 14), expected);
 }
 
-TEST(Stoch, FlatWindowIsZeroAndDSmoothsTheAverageOfFastK) {
+TEST(Stoch, KeptDSmoothsTheAverageOfFastKByThirdsAndAFlatWindowIsZero) {
     Stoch stoch;
     stoch.KPeriod = 2;
     stoch.DPeriod = 2;
