@@ -11,5 +11,7 @@ int he3(const QStringList& args);
 int advise(const QStringList& args);
 int history(const QStringList& args);
 int bhav(const QStringList& args);
+int quote(const QStringList& args);
+int technical(const QStringList& args);
 
 }  // namespace ostravel::cli

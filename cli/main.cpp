@@ -15,7 +15,9 @@ int usage() {
                            "       ostravel-cli he3 pack|unpack IN OUT\n"
                            "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n"
                            "       ostravel-cli [--folder DIR] history save|load|fetch|import --symbol S ...\n"
-                           "       ostravel-cli [--folder DIR] bhav import FILE...\n";
+                           "       ostravel-cli [--folder DIR] bhav import FILE...\n"
+                           "       ostravel-cli [--folder DIR] quote CODE[+CODE...]\n"
+                           "       ostravel-cli [--folder DIR] technical --date YYYY-MM-DD gainers|lossers|volume\n";
     return 2;
 }
 
@@ -33,9 +35,10 @@ int main(int argc, char** argv) {
         return usage();
 
     const std::map<QString, std::function<int(const QStringList&)>> commands = {
-        {QStringLiteral("info"), ostravel::cli::info},     {QStringLiteral("he3"), ostravel::cli::he3},
-        {QStringLiteral("advise"), ostravel::cli::advise}, {QStringLiteral("history"), ostravel::cli::history},
-        {QStringLiteral("bhav"), ostravel::cli::bhav},
+        {QStringLiteral("info"), ostravel::cli::info},           {QStringLiteral("he3"), ostravel::cli::he3},
+        {QStringLiteral("advise"), ostravel::cli::advise},       {QStringLiteral("history"), ostravel::cli::history},
+        {QStringLiteral("bhav"), ostravel::cli::bhav},           {QStringLiteral("quote"), ostravel::cli::quote},
+        {QStringLiteral("technical"), ostravel::cli::technical},
     };
     const auto found = commands.find(args.front());
     if (found == commands.end())
