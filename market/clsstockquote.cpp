@@ -2,9 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include "context/program.h"
 #include "market/history.h"
@@ -27,21 +27,34 @@ const QString kNA = QStringLiteral("N/A");
 const QString kSuffix = QStringLiteral(".NS");
 constexpr int kFewestCommas = 8;
 constexpr float kThinVolume = 10000;
+constexpr qint64 kYieldMs = 16;
+
+// The numbers of a text such as "3/24/2021" or "3:30", each up to the next separator.
+QList<int> numbersOf(QStringView text, QChar separator) {
+    QList<int> numbers;
+    for (const QStringView part : text.split(separator)) {
+        bool ok = false;
+        numbers << part.toInt(&ok);
+        if (!ok)
+            return {};
+    }
+    return numbers;
+}
 
 // The service writes its day month first ("3/24/2021") and its time as "3:30pm"; anything else
 // is read as the run time reads a date, and a text that is no date ("N/A") stays text.
 Variant serviceDate(const QString& text) {
-    static const QRegularExpression monthFirst(QStringLiteral("^(\\d{1,2})/(\\d{1,2})/(\\d{4})$"));
-    static const QRegularExpression clock(QStringLiteral("^(\\d{1,2}):(\\d{2})\\s*([ap])m$"),
-                                          QRegularExpression::CaseInsensitiveOption);
-    if (const auto m = monthFirst.match(text); m.hasMatch()) {
-        const QDate day(m.captured(3).toInt(), m.captured(1).toInt(), m.captured(2).toInt());
-        if (day.isValid())
+    if (const QList<int> mdy = numbersOf(text, QLatin1Char('/')); mdy.size() == 3) {
+        if (const QDate day(mdy[2], mdy[0], mdy[1]); day.isValid())
             return Variant::date(dateSerial(day));
     }
-    if (const auto m = clock.match(text); m.hasMatch()) {
-        const int hour = m.captured(1).toInt() % 12 + (m.captured(3).toLower() == QLatin1String("p") ? 12 : 0);
-        return Variant::date((hour * 60 + m.captured(2).toInt()) / 1440.0);
+    const QString lower = text.toLower();
+    if (lower.endsWith(QLatin1String("am")) || lower.endsWith(QLatin1String("pm"))) {
+        const QList<int> hm = numbersOf(QStringView(lower).chopped(2).trimmed(), QLatin1Char(':'));
+        if (hm.size() == 2 && hm[0] >= 1 && hm[0] <= 12 && hm[1] >= 0 && hm[1] < 60) {
+            const int hour = hm[0] % 12 + (lower.endsWith(QLatin1String("pm")) ? 12 : 0);
+            return Variant::date((hour * 60 + hm[1]) / 1440.0);
+        }
     }
     if (const auto serial = parseDate(text))
         return Variant::date(*serial);
@@ -126,8 +139,15 @@ bool clsStockQuote::readLines(QByteArrayView answer, Table table) {
     int row = 0;  // Lookup's own counter; Lookupdma counts in DmaRow
     TextLines lines(answer);
     QByteArrayView line;
+    // The loop yields to the event loop as it goes, once a frame's time has passed: often
+    // enough to keep the screens alive, and a long answer is not held back by the yields.
+    QElapsedTimer sinceYield;
+    sinceYield.start();
     while (lines.next(line)) {
-        QCoreApplication::processEvents();
+        if (sinceYield.elapsed() >= kYieldMs) {
+            QCoreApplication::processEvents();
+            sinceYield.restart();
+        }
         const QString text = QString::fromLatin1(line);
         if (NumberofOccurrences(text, QStringLiteral(",")) < kFewestCommas) {
             NA();

@@ -254,8 +254,10 @@ void cmdupdate_Click(Program& program) {
     selectportfolio(program);
     if (!box.items.isEmpty())
         box.text = box.items.front();
+    // The overview's refill names the portfolio in the status bar; the price of the stock in
+    // work, which the pass ended on, is what the user wants to read there.
+    currentprice(program);
     program.module<PortfolioExplorer>().notifyChanged();
-    program.frame().showChanges();
 }
 
 void UpdatePricesFromDayFiles(Program& program) {
@@ -297,6 +299,7 @@ void UpdatePricesFromDayFiles(Program& program) {
         unit.commit();
     }
     selectportfolio(program);
+    currentprice(program);
     QString text = QStringLiteral("%1 of %2 holdings took their latest close from the day files.")
                        .arg(symbols.size() - missing.size())
                        .arg(symbols.size());

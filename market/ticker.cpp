@@ -129,6 +129,9 @@ void MsgScroller1_HotSpotClick(Program& program, int index) {
     Ticker& t = program.module<Ticker>();
     MainFrame& frame = program.frame();
     const QString name = t.MsgScroller1.ItemData(index).toString();
+    // The index's line names no stock, so it opens none.
+    if (name.isEmpty())
+        return;
     frame.Cmbequityname.text = name;
     QString ticker;
     trapped(program.reporter(), kHotSpotPlace, [&] {

@@ -143,6 +143,8 @@ TEST_F(TickerTest, TheTickerShowsThePortfolioInRedAndGreenAndAClickOpensTheStock
     EXPECT_EQ(r.BackColor, 0u);
     EXPECT_EQ(r.ScrollInterval, 50);
 
+    MsgScroller1_HotSpotClick(m_program, 1);  // the index's line opens nothing
+    EXPECT_TRUE(m_prompt.messages().isEmpty());
     MsgScroller1_HotSpotClick(m_program, 2);
     EXPECT_EQ(m_program.frame().cmbequity, QStringLiteral("RELIANCE"));
     EXPECT_EQ(m_program.frame().panel6, QStringLiteral("Intra Day Price Chart of RELIANCE"));
