@@ -75,6 +75,9 @@ void RefreshTicker(Program& program) {
     if (t.symbols.isEmpty())
         return;
     const QStringList codes = t.symbols.split(QLatin1Char('+'));
+    // Update All Prices sets the row count for its own request in between: the ticker's table
+    // is sized for the ticker's codes again.
+    program.module<QuoteTables>().QuoteRows = int(codes.size()) - 1;
     clsStockQuote quote(program);
     quote.setSymbol(t.symbols);
     // A quote that failed leaves the ring with the items it had; an answer takes their place.

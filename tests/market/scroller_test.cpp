@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "context/screens.h"
+#include "market/clsstockquote.h"
 #include "market/newsbar.h"
 #include "market/scroller/msgscroller.h"
 #include "market/ticker.h"
@@ -167,6 +168,11 @@ TEST_F(TickerTest, KeptTickerRefreshesOnTheMinuteNumberAlone) {
         EXPECT_EQ(m_service.requests().size() > before, refreshed) << last << " " << minute;
         EXPECT_TRUE(ticker().MsgScroller1.Scroll());
     }
+    // Update All Prices leaves the row count of its own request; the refresh sizes the table again.
+    m_program.module<QuoteTables>().QuoteRows = 0;
+    RefreshTicker(m_program);
+    EXPECT_EQ(ticker().MsgScroller1.ListCount(), 2);
+    EXPECT_TRUE(m_prompt.messages().isEmpty());
     // A quote that fails leaves the ring as it was.
     writeHosts({QStringLiteral("quote=")});
     RefreshTicker(m_program);
