@@ -50,7 +50,9 @@ int main(int argc, char** argv) {
         frame = new MDIForm1View(program);
         frame->setAttribute(Qt::WA_DeleteOnClose);
         prompt.setParentWindow(frame);
-        frame->show();
+        // The whole window, title bar and borders too, on the screen's available area: the
+        // window manager alone knows its decorations, and fits them so to a maximized window.
+        frame->showMaximized();
     });
     splash.show();
     return app.exec();

@@ -287,10 +287,8 @@ void MDIForm1View::connectMenu() {
             [this] { m_program.module<Screens>().show(QStringLiteral("Technical")); });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     const std::pair<const char*, const char*> ledgerEntries[] = {
-        {"portfoliomanager", "frmportwizard"},
-        {"createnewport", "Create"},
-        {"AddNewEquity", "Newholding"},
-        {"mnynewsymbol", "frmnewsymbol"},
+        {"portfoliomanager", "frmportwizard"}, {"createnewport", "Create"},  {"AddNewEquity", "Newholding"},
+        {"mnynewsymbol", "frmnewsymbol"},      {"mnuchanges", "frmjournal"},
     };
     for (const auto& [name, screen] : ledgerEntries)
         connect(action(QString::fromLatin1(name)), &QAction::triggered, this, [this, screen = screen] {
@@ -385,7 +383,10 @@ void MDIForm1View::closeEvent(QCloseEvent* event) {
 }
 
 void MDIForm1View::onExit() {
+    // The children go for good before the store closes: a screen that stayed until the exit
+    // question runs its events would do its database work on the closed store.
     m_mdi->closeAllSubWindows();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!m_program.frame().Exit()) {
         refresh();
         return;

@@ -12,6 +12,7 @@
 #include "ledger/ledger_requests.h"
 #include "ledger/ui/addremovecash_view.h"
 #include "ledger/ui/create_view.h"
+#include "ledger/ui/frmjournal_view.h"
 #include "ledger/ui/frmnewsymbol_view.h"
 #include "ledger/ui/frmportwizard_view.h"
 #include "ledger/ui/frmsplit_view.h"
@@ -35,9 +36,9 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         return modal ? modal : &frame;
     };
 
-    // Portfolios and holdings: Create, frmportwizard, Newholding, frmnewsymbol. The two
-    // wizards are modal; the portfolio manager is a child window, and the symbol form a window
-    // of its own beside the frame.
+    // Portfolios and holdings: Create, frmjournal, frmportwizard, Newholding, frmnewsymbol. The
+    // two wizards and the history of changes are modal; the portfolio manager is a child
+    // window, and the symbol form a window of its own beside the frame.
     screens.setOpener(QStringLiteral("Create"), [modalParent, &frame, &program] {
         {
             Create dialog(program, modalParent());
@@ -48,6 +49,13 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     screens.setOpener(QStringLiteral("Newholding"), [modalParent, &frame, &program] {
         {
             NewHoldingForm dialog(program, modalParent());
+            dialog.exec();
+        }
+        frame.refresh();
+    });
+    screens.setOpener(QStringLiteral("frmjournal"), [modalParent, &frame, &program] {
+        {
+            FrmJournalForm dialog(program, modalParent());
             dialog.exec();
         }
         frame.refresh();

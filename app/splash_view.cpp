@@ -34,7 +34,7 @@ frmSplash::frmSplash(Program& program, QWidget* parent) : QWidget(parent, Qt::Sp
         label->setAlignment(Qt::AlignCenter);
         layout->addWidget(label);
     }
-    setStyleSheet(QStringLiteral("frmSplash { background: #10365a; } QLabel { color: white; }"));
+    setStyleSheet(QStringLiteral("#frmSplash { background: #10365a; } QLabel { color: white; }"));
     setAttribute(Qt::WA_StyledBackground);
     resize(480, 260);
 
@@ -53,7 +53,8 @@ frmSplash::frmSplash(Program& program, QWidget* parent) : QWidget(parent, Qt::Sp
 }
 
 void frmSplash::keyPressEvent(QKeyEvent* event) {
-    // Escape only unloads the splash; any other key goes on to the frame at once.
+    // Kept: Escape only unloads the splash, and the frame never comes; any other key goes on
+    // to the frame at once.
     if (event->key() != Qt::Key_Escape)
         Q_EMIT showFrame();
     unload();

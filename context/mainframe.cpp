@@ -107,6 +107,8 @@ bool MainFrame::Exit() {
     // A compaction that can't be done leaves the live file as it was.
     passedOver([&] { compactDatabase(appFile(kLiveDatabase)); });
 
+    // Kept: the question comes after the compaction, so that No goes on with a compacted
+    // database and freshly opened recordsets.
     const Answer answer =
         m_program.prompt().message(QStringLiteral("Do you really want to exit program?"), Buttons::YesNo,
                                    Icon::Question, QStringLiteral("Exiting Program..."));

@@ -17,6 +17,7 @@ QList<MenuItem> buildTree() {
         menu("&File", "mnufile",
              {item("&Open File", "Openfile", "Ctrl+O", true), item("Get History All", "mnugethistory", "", true),
               item("&Import History...", "mnuimporthistory", "Ctrl+I", true), item("E&xit", "Exit", "", true)}),
+        menu("&Edit", "mnuedit", {item("History of &Changes...", "mnuchanges", "", true)}),
         menu("&Portfolio", "mnuportfolio",
              {item("Portfolio &Manager", "portfoliomanager", "Ctrl+M", true),
               item("Create &New  Portfolio ", "createnewport", "Ctrl+N", true)}),

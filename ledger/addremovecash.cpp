@@ -144,7 +144,7 @@ void AddRemoveCash::Combo2_Change() {
 
 void AddRemoveCash::cmdupdate_Click() {
     Program& program = *m_program;
-    // Asked before anything else is looked at.
+    // Kept: asked before anything else is looked at, an amount of 0 included.
     const Answer answer = program.prompt().message(kSure, Buttons::YesNo, Icon::Information, kTitle);
     const double amount = Val(txtamount.text);
     if (txtamount.text.isEmpty() || amount == 0 || answer == Answer::No)
@@ -153,7 +153,8 @@ void AddRemoveCash::cmdupdate_Click() {
     bool changed = false;
     trapped(program.reporter(), kUpdatePlace, [&] {
         Store& store = program.store();
-        Transaction work(store.database());
+        // The journal tells deposits, withdrawals and earnings apart by the form's caption.
+        Transaction work(store.database(), caption.trimmed());
         store.equity = openChosenHolding(program, Combo2.text, Combo1.text);
         Recordset& holding = currentRow(store.equity);
         const auto cash = [&](const char* column) { return holding.field(QString::fromLatin1(column)).toDouble(); };
@@ -161,7 +162,7 @@ void AddRemoveCash::cmdupdate_Click() {
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") + amount);
         } else if (cmdupdate.caption == kWithdrawCaption) {
-            // Taking out the whole balance is refused as well.
+            // Kept: taking out the whole balance is refused as well.
             if (!(cash("CurrentCash") > amount)) {
                 program.prompt().inform(kTooMuch, kTitle);
                 return;
@@ -169,7 +170,8 @@ void AddRemoveCash::cmdupdate_Click() {
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") - amount);
         } else if (cmdupdate.caption == kDepositCaption) {
-            // New capital raises the original cash too, so that it isn't counted as profit.
+            // Kept: new capital raises the original cash too, so that it isn't counted as profit;
+            // interest and a withdrawal leave it.
             holding.edit();
             holding.setField(QStringLiteral("CurrentCash"), cash("CurrentCash") + amount);
             holding.setField(QStringLiteral("OriginalCash"), cash("OriginalCash") + amount);

@@ -50,7 +50,8 @@ void PortfolioWizard::addgrid() {
     });
     if (!rows)
         return;
-    // Rows already shown below the last portfolio stay, as the grid isn't cleared first.
+    // Kept: the grid isn't cleared first, so that after a delete the last line stays until the
+    // form is opened again.
     int i = 0;
     for (; !rows->eof(); rows->moveNext()) {
         ++i;
@@ -128,6 +129,8 @@ void PortfolioWizard::cmdadd_Click() {
         return;
     }
 
+    std::optional<Transaction> work;
+    statement([&] { work.emplace(store.database(), QStringLiteral("Create Portfolio")); });
     statement([&] { currentRow(store.portfolio).addNew(); });
     statement([&] {
         currentRow(store.portfolio)
@@ -136,11 +139,13 @@ void PortfolioWizard::cmdadd_Click() {
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortfolioName"), Text1.text); });
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortStartDate"), cmddate.caption); });
     statement([&] { currentRow(store.portfolio).update(); });
+    if (work)
+        statement([&] { work->commit(); });
 
     addgrid();
     statement([&] { selectportfolio(*m_program); });
     m_program->frame().cmbportfolio.items << Text1.text;
-    // From here on the wizard can only be left forward, into the holding wizard.
+    // Kept: from here on the wizard can only be left forward, into the holding wizard.
     cmdclose.enabled = false;
     cmdnext.enabled = true;
 }
@@ -169,10 +174,15 @@ void PortfolioWizard::cmdupdate_Click() {
     if (newName.isEmpty())
         return;
     Text1.text = newName;
-    // The holdings keep the old name in portname; a name already taken fails in the store.
+    // Kept: the holdings keep the old name in portname, and the old name stays in the frame's
+    // list. A name already taken fails in the store.
+    std::optional<Transaction> work;
+    statement([&] { work.emplace(store.database(), QStringLiteral("Rename Portfolio")); });
     statement([&] { currentRow(store.portfolio).edit(); });
     statement([&] { currentRow(store.portfolio).setField(QStringLiteral("PortfolioName"), newName); });
     statement([&] { currentRow(store.portfolio).update(); });
+    if (work)
+        statement([&] { work->commit(); });
     m_program->frame().cmbportfolio.items << newName;
     addgrid();
 }
@@ -194,7 +204,7 @@ void PortfolioWizard::cmddelete_Click() {
         // The portfolio's holdings and their trades go with its row, by the store's keys: all
         // of them or, should the program stop half-way, none.
         std::optional<Transaction> work;
-        statement([&] { work.emplace(db); });
+        statement([&] { work.emplace(db, QStringLiteral("Delete Portfolio")); });
         statement([&] {
             db.execute(QStringLiteral("delete * from portfolio where portfolioname='") + sqlText(Text1.text) +
                        QStringLiteral("';"));

@@ -15,7 +15,7 @@ namespace ostravel {
 
 namespace {
 
-// The screen's handler carries the name of the portfolio wizard's Add, as it always has.
+// Kept: the screen reports under the name of the portfolio wizard's Add.
 const QString kPlace = QStringLiteral("(Form) Create::Sub cmdadd_Click");
 const QString kCostPattern = QStringLiteral("####.##");
 
@@ -110,6 +110,8 @@ void PortfolioManager::MSFlexGrid1_Click(int newRow, int newCol) {
     statement([&] { cmdestartdate.caption = MSFlexGrid1.textMatrix(row, kDateCol); });
 }
 
+// Kept: the holding is found by its symbol alone: the first row of that symbol changes, whatever
+// portfolio it is in.
 void PortfolioManager::cmdupdate_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {
@@ -118,15 +120,20 @@ void PortfolioManager::cmdupdate_Click() {
     });
     // With no holding of that symbol there is nothing to write.
     if (statement([&] { currentRow(holding).edit(); })) {
+        std::optional<Transaction> work;
+        statement([&] { work.emplace(m_program->store().database(), QStringLiteral("Update Holding")); });
         statement([&] { holding->setField(QStringLiteral("EquitySymbol"), Text1.text); });
         statement([&] { holding->setField(QStringLiteral("EquityStartDate"), cmdestartdate.caption); });
         statement([&] { holding->update(); });
+        if (work)
+            statement([&] { work->commit(); });
     }
     Text2.text = Text1.text;
     statement([&] { selectportfolio(*m_program); });
     Combo1_Click();
 }
 
+// Kept: found by the symbol alone, as Update finds it: the first row of that symbol goes.
 void PortfolioManager::cmddelete_Click() {
     std::shared_ptr<Recordset> holding;
     statement([&] {
@@ -136,7 +143,11 @@ void PortfolioManager::cmddelete_Click() {
     if (m_program->prompt().message(QStringLiteral("ARE YOU SURE"), Buttons::YesNo, Icon::Critical,
                                     QStringLiteral("Confirmation")) != Answer::Yes)
         return;
-    statement([&] { currentRow(holding).deleteCurrent(); });
+    statement([&] {
+        Transaction work(m_program->store().database(), QStringLiteral("Delete Holding"));
+        currentRow(holding).deleteCurrent();
+        work.commit();
+    });
     statement([&] { selectportfolio(*m_program); });
     Combo1_Click();
 }

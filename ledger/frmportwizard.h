@@ -16,7 +16,8 @@ class VbError;
 class PortfolioManager : public FormState<PortfolioManager> {
 public:
     static inline const QString kCaption = QStringLiteral("Portfolio Manager");
-    // The grid's last heading at load differs from the one a choice of portfolio gives.
+    // Kept: the grid's last heading and width at load differ from those a choice of portfolio
+    // gives.
     static inline const QString kLoadFormat = QStringLiteral(
         "^Nos|^Symbol|^Initial Price|^Initial shares|^Initial cash|^Current Price|^Cost Per share|^Equity Start Date");
     static inline const QString kChosenFormat = QStringLiteral(

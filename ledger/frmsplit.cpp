@@ -52,13 +52,16 @@ void FrmSplit::Command1_Click() {
     // The procedure traps nothing: an error (a holding that isn't in the portfolio) is reported
     // and ends it, and the holding stays as it was.
     const bool split = trapped(program.reporter(), kSplitPlace, [&] {
-        Transaction work(program.store().database());
+        Transaction work(program.store().database(), QStringLiteral("Stock Split"));
         std::shared_ptr<Recordset> holding = openHolding(program);
         Recordset& row = currentRow(holding);
-        // Whole shares by the format; an exact 0 is an empty text, which the column refuses.
+        // Kept: whole shares by the format, halves away from zero; an exact 0 is an empty text,
+        // which the column refuses.
         const QString shares = formatNumber(
             divide(row.field(QStringLiteral("CurrentShares")).toDouble() * Val(Combo1.text), Val(Combo2.text)),
             kWholeShares);
+        // Kept: only CurrentShares changes and no trade records the split, so that the next trade's
+        // share sum undoes it.
         row.edit();
         row.setField(QStringLiteral("CurrentShares"), shares);
         if (betweenWrites)

@@ -52,7 +52,7 @@ void NewHolding::optnsebse_Click(int index) {
     Combo1 = ComboBox();
     txtequitysymbol.text.clear();
     txtequitysymbol_Change();
-    // Both exchanges list the same companies; they differ in the code a pick yields.
+    // Kept: both exchanges list the same companies; they differ in the code a pick yields.
     for (; names && !names->eof(); names->moveNext()) {
         trapped(reporter, place("optnsebse_Click"),
                 [&] { Combo1.items << names->field(QStringLiteral("name")).toString(); });
@@ -180,6 +180,8 @@ void NewHolding::cmdok_Click() {
     }
 
     // The row's identity alone: the first position comes with the setting trade.
+    std::optional<Transaction> work;
+    statement([&] { work.emplace(db, QStringLiteral("Create New Holding")); });
     statement([&] { currentRow(store.equity).addNew(); });
     statement([&] {
         currentRow(store.equity)
@@ -194,6 +196,8 @@ void NewHolding::cmdok_Click() {
     statement([&] { currentRow(store.equity).setField(QStringLiteral("portname"), portname); });
     statement([&] { currentRow(store.equity).setField(QStringLiteral("VealieFlag"), 1); });
     statement([&] { currentRow(store.equity).update(); });
+    if (work)
+        statement([&] { work->commit(); });
     statement([&] { currentRow(store.equity).close(); });
     statement([&] { currentRow(portfolio).close(); });
 

@@ -5,6 +5,7 @@
 #include "context/screens.h"
 #include "ledger/newholding.h"
 #include "ledger/textarithmetic.h"
+#include "ledger/trade.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
 #include "runtime/reporterror.h"
@@ -19,6 +20,7 @@ namespace ostravel {
 namespace {
 
 const QString kSelectPlace = QStringLiteral("(Module) Module1::Sub selectportfolio");
+// Kept: the grid's click reports under another form's name, Portfoliomanager.
 const QString kClickPlace = QStringLiteral("(Form) Portfoliomanager::Sub MSflexgrid1");
 const QString kCommand1Place = QStringLiteral("(Form) Portfolioexplorer::Sub Command1_Click");
 const QString kAddPlace = QStringLiteral("(Form) Portfolioexplorer::Sub cmdadd_Click");
@@ -178,7 +180,8 @@ void Overview::holdingLine(Recordset& equity) {
     step([&] { grid1.setTextMatrix(row, 5, rupees(format(commission, kAmount))); });
     step([&] { m_sumCommission += commission.toDouble(); });
     step([&] {
-        // The profit lost its decimals to "#,#####"; the commission's decimals alone reach it.
+        // Kept: the profit lost its decimals to "#,#####" before the commission is taken off, so
+        // that the commission's decimals alone reach it.
         if (!isEmptyText(m_P))
             m_P = arithmeticValue(m_P) - arithmeticValue(formattedOrNull(commission, kAmount));
         else
@@ -290,6 +293,22 @@ void PortfolioExplorer::MSFlexGrid1_Click(int row) {
     });
     Timer1.interval = kAdviseInterval;
     Timer1.enabled = true;
+    notifyChanged();
+}
+
+void PortfolioExplorer::MSFlexGrid1_DblClick(int row) {
+    // Only a holding's line has its running number.
+    if (row < 1 || row >= MSFlexGrid1.rows() || MSFlexGrid1.textMatrix(row, 0).isEmpty())
+        return;
+    MainFrame& frame = m_program.frame();
+    frame.cmbequity = MSFlexGrid1.textMatrix(row, 1);
+    frame.cmbequity_Change();
+    Trade& trade = m_program.module<Trade>();
+    trapped(m_program.reporter(), kClickPlace, [&] { trade.load(); });
+    // The box takes the figure; the line shows it after "Rs.".
+    trade.txtprice.text = MSFlexGrid1.textMatrix(row, 3).mid(kRupees.size());
+    trade.caption = Trade::kTradeCaption + frame.caption;
+    m_program.module<Screens>().show(QStringLiteral("trade"));
     notifyChanged();
 }
 

@@ -67,6 +67,9 @@ public:
     // The click on a line of the overview (row 0 is the heading): its symbol becomes the
     // selection, and the recommendation stored for it shows for 50 seconds.
     void MSFlexGrid1_Click(int row);
+    // A double click on a holding's line: its symbol becomes the selection and the trade screen
+    // opens, modally, on the line's price. The heading and the total line open nothing.
+    void MSFlexGrid1_DblClick(int row);
     // The recommendation's time is up.
     void Timer1_Timer();
 

@@ -23,7 +23,7 @@ namespace ostravel {
 namespace {
 
 const QString kLoadPlace = QStringLiteral("(Form) trade::Sub Form_Load");
-// The delete reports under the name of Add.
+// Kept: the delete reports under the name of Add.
 const QString kAddPlace = QStringLiteral("(Form) trade::Sub cmdadd_Click");
 const QString kClosePlace = QStringLiteral("(Form) trade::Sub cmdclose_Click");
 const QString kPricePlace = QStringLiteral("(Form) trade::Sub txtprice_LostFocus");
@@ -31,7 +31,8 @@ const QString kGridPlace = QStringLiteral("(Form) trade::Sub MSFlexGrid1_Click")
 
 const QString kListSql = QStringLiteral(
     "select pktradeid,EquitySymbol,TradeDate,Tradedshares,PricePerShare,Commission,Buyselltype from [trades]");
-// After a delete the list names the date before the symbol, so that the two change columns.
+// Kept: after a delete the list names the date before the symbol, so that the date stands under
+// "Symbol" and the symbol under "Date" until the next opening.
 const QString kListAfterDeleteSql = QStringLiteral(
     "select pktradeid,TradeDate ,EquitySymbol,Tradedshares,PricePerShare,Commission,Buyselltype from   [trades]");
 const QString kSumSql = QStringLiteral("select sum(Tradedshares),sum(Commission) from [trades]");
@@ -43,6 +44,12 @@ const QString kShortDate = QStringLiteral("Short Date");
 const QString kTotal = QStringLiteral("Total");
 
 const QString kSettingHandOver = QStringLiteral("Setting for ");
+
+// The user actions the journal keeps the changes under.
+const QString kAddTradeAction = QStringLiteral("Add Trade");
+const QString kSettingTradeAction = QStringLiteral("Setting Trade");
+const QString kDeleteAction = QStringLiteral("Delete trade");
+const QString kCloseAction = QStringLiteral("Close");
 const QString kTitle = QStringLiteral("Ostravel");
 
 // The trade screen's error handler, statement by statement: a grid that is too short grows by a
@@ -232,7 +239,7 @@ void Trade::cmdadd_Click() {
     // The whole trade, both tables, is one unit of work; a message before the first write
     // leaves nothing behind.
     std::optional<Transaction> work;
-    step([&] { work.emplace(db); });
+    step([&] { work.emplace(db, Option1 ? kSettingTradeAction : kAddTradeAction); });
 
     std::shared_ptr<Recordset> trades;
     step([&] { trades = db.openRecordset(QStringLiteral("select * from [trades]") + where); });
@@ -242,7 +249,8 @@ void Trade::cmdadd_Click() {
         program.prompt().inform(kEmptyField);
         return;
     }
-    // Only these exact texts: "0.0" or "00" pass, and so does a commission typed as "0".
+    // Kept: only these exact texts are refused: "0.0" or "00" pass, and so does a commission
+    // typed as "0".
     if (txtprice.text == QLatin1String("0") || txtshare.text == QLatin1String("0") ||
         txtcommision.text == QLatin1String("0.00")) {
         focus = QStringLiteral("txtprice");
@@ -330,7 +338,7 @@ void Trade::cmdadd_Click() {
                     focus = QStringLiteral("txtshare");
                     return;
                 }
-                // The trade goes on whatever was deposited, below zero if need be.
+                // Kept: the trade goes on whatever was deposited, below zero if need be.
                 program.module<AddRemoveCash>().prepare(CashMovement::Deposit);
                 program.module<Screens>().show(QStringLiteral("addremovecash"));
             }
@@ -376,12 +384,13 @@ void Trade::cmdadd_Click() {
             step([&] { set(holding, "CurrentShares", oldShares.toDouble() - shares); });
             step([&] { set(holding, "CurrentCash", number(holding, "CurrentCash") + price * shares); });
             // The proceeds lower the cost: what stays is the net cost still in the position.
-            // Selling every share divides by 0, and the cost keeps its old value.
+            // Kept: selling every share divides by 0, which is logged, and cps keeps its old value.
             step([&] {
                 cost = toSingleChecked(
                     divide(double(cost) * oldShares.toDouble() - price * shares, number(holding, "CurrentShares")));
             });
         }
+        // Kept: the cost is rounded through its text, Format "####.##" read back as a number.
         step([&] { cost = textToSingle(formatNumber(double(cost), kCostPattern)); });
         step([&] { set(holding, "cps", double(cost)); });
         step([&] { currentRow(trades).update(); });
@@ -409,7 +418,7 @@ void Trade::cmdadd_Click() {
     if (work)
         step([&] { work->commit(); });
 
-    // One opening of the screen takes one trade.
+    // Kept: one opening of the screen takes one trade.
     focus = QStringLiteral("cmdclose");
     cmdadd.enabled = false;
     if (!Option1)
@@ -424,10 +433,10 @@ void Trade::cmddelete_Click() {
     const QString where = holdingWhere(txtequity.text, program.frame().cmbportfolio.text);
 
     std::optional<Transaction> work;
-    step([&] { work.emplace(db); });
+    step([&] { work.emplace(db, kDeleteAction); });
 
-    // The key is the current cell's text, whatever column it is in. A cell that names no trade
-    // leaves nothing to take back: the action ends at the first report.
+    // Kept: the key is the current cell's text, whatever column it is in. A cell that names no
+    // trade leaves nothing to take back: the action ends at the first report.
     std::shared_ptr<Recordset> deleted;
     QString kind;
     if (!step([&] {
@@ -445,6 +454,7 @@ void Trade::cmddelete_Click() {
     if (kind == kBuy || kind == kSell) {
         // A sell's shares are negative: taking it back adds them and takes its proceeds off.
         step([&] { set(holding, "CurrentShares", number(holding, "CurrentShares") - traded()); });
+        // Kept: the cash taken back is rounded to whole rupees; Add does not round.
         step([&] {
             set(holding, "CurrentCash",
                 formatNumber(number(holding, "CurrentCash") + traded() * price(), kWholeRupees));
@@ -453,6 +463,7 @@ void Trade::cmddelete_Click() {
             step([&] { set(holding, "PortControl", number(holding, "PortControl") - traded() * price() / 2); });
     }
     // The cost taken back; with no shares left the division fails and cps stays.
+    // Kept: rounded through its text, as Add does.
     step([&] {
         const float s = toSingleChecked(number(holding, "CurrentShares"));
         const float cps =
@@ -478,6 +489,8 @@ void Trade::cmddelete_Click() {
     });
     std::shared_ptr<Recordset> sums;
     step([&] { sums = db.openRecordset(kSumSql + where); });
+    // Kept: with no trade left the sum is empty: CurrentShares becomes empty too, and the empty
+    // total goes to the error log.
     step([&] { writeSharesSum(db, where, currentRow(sums).field(0)); });
     reached("shares summed");
     step([&] { writeTotalRow(MSFlexGrid1, counter + 1, currentRow(sums), step); });
@@ -486,6 +499,9 @@ void Trade::cmddelete_Click() {
 
     cmddelete.enabled = false;
     getadvise(program);
+    // getadvise leaves adviseprice at this holding's quote; between runs 0 means "the stored
+    // quote", or the next advice on another holding would be worked out at this price.
+    program.module<AdviceValues>().adviseprice = 0;
 }
 
 void Trade::cmdclose_Click() {
@@ -499,11 +515,14 @@ void Trade::cmdclose_Click() {
                          ->eof();
     });
     if (!hasTrades) {
-        // A holding that got no trade goes, under that symbol in every portfolio. The store
-        // refuses the whole statement while any of those holdings still has trades.
+        // Kept: a holding that got no trade goes, and with it the holdings of that symbol in
+        // every portfolio; the trades of those stay in the store, and the journal keeps the rows
+        // for a restore.
         step([&] {
+            Transaction work(db, kCloseAction);
             db.execute(QStringLiteral("delete * from equity where equitysymbol='") + sqlText(txtequity.text) +
                        QLatin1Char('\''));
+            work.commit();
         });
         unload();
         return;

@@ -9,13 +9,19 @@ namespace ostravel {
 
 namespace {
 
-std::optional<int> digits(QByteArrayView text) {
-    int value = 0;
-    for (const char c : text) {
+bool allDigits(QByteArrayView text) {
+    for (const char c : text)
         if (c < '0' || c > '9')
-            return std::nullopt;
-        value = value * 10 + (c - '0');
-    }
+            return false;
+    return true;
+}
+
+// The number of a date's field: a few digits, nothing else.
+std::optional<int> digits(QByteArrayView text) {
+    if (text.isEmpty() || text.size() > 4 || !allDigits(text))
+        return std::nullopt;
+    int value = 0;
+    for (const char c : text) value = value * 10 + (c - '0');
     return value;
 }
 
@@ -54,8 +60,7 @@ std::optional<double> plainDecimal(QByteArrayView text) {
     const qsizetype point = text.indexOf('.');
     const QByteArrayView whole = point < 0 ? text : text.first(point);
     const QByteArrayView decimals = point < 0 ? QByteArrayView() : text.sliced(point + 1);
-    if (whole.isEmpty() || !digits(whole) || (!decimals.isEmpty() && !digits(decimals)) ||
-        whole.size() + decimals.size() > 15)
+    if (whole.isEmpty() || !allDigits(whole) || !allDigits(decimals) || whole.size() + decimals.size() > 15)
         return std::nullopt;
     double value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value);
@@ -66,8 +71,8 @@ std::optional<double> roundedPlainDecimal(QByteArrayView text) {
     const qsizetype point = text.indexOf('.');
     const QByteArrayView whole = point < 0 ? text : text.first(point);
     const QByteArrayView decimals = point < 0 ? QByteArrayView() : text.sliced(point + 1);
-    if (whole.isEmpty() || whole.size() > 9 || (whole.size() > 1 && whole[0] == '0') || !digits(whole) ||
-        (!decimals.isEmpty() && !digits(decimals)) || whole.size() + decimals.size() > 15)
+    if (whole.isEmpty() || whole.size() > 9 || (whole.size() > 1 && whole[0] == '0') || !allDigits(whole) ||
+        !allDigits(decimals) || whole.size() + decimals.size() > 15)
         return std::nullopt;
     // The text holds the value's significant digits: round them as text, halves to the even digit.
     std::string kept(whole.data(), static_cast<std::size_t>(whole.size()));

@@ -92,7 +92,7 @@ bool LoadHistoryFile(Program& program) {
     }
     const QString symbol = historySymbol(frame);
 
-    Transaction work(database);
+    Transaction work(database, QStringLiteral("Load History"));
     trapped(reporter, kPlace, [&] { database.execute(QStringLiteral("Delete * from simulation")); });
     QByteArray text;
     if (!trapped(reporter, kPlace, [&] { text = readWholeFile(h.DataFile, kPlace); })) {

@@ -136,21 +136,24 @@ AdviceOutcome GetAdvise::run() {
         // Sell side.
         statement([&] { m_S = (m_V - m_K) - (m_V * setting("Resistsell")) / 100; });
         statement([&] { m_Q = toSingleChecked(divide(m_S, m_P)); });
+        // Kept: the share minimum is a second gate, open only for shares dearer than 1000 rupees
+        // (at exactly 1000 it is shut); the buy test alike.
         bool sellTest = false;
         statement([&] {
             sellTest = m_S > setting("MinTradeSell") || (m_Q >= setting("MINtradesellsh") && m_P > kDearShare);
         });
         bool sold = false;
         if (sellTest) {
-            // While more than a third of the position is cash, as the screen showed it after the
-            // previous run, the program doesn't sell into a rise.
+            // While more than a third of the position is cash the program doesn't sell into a rise.
+            // Kept: the total and the cash are read from the screen's boxes, as the previous run
+            // left them (empty, so 0, on a screen never filled), not from the holding.
             bool vealie = false;
             statement([&] {
                 vealie = column("VealieFlag") == 1 && Val(m_em.txtcurrtotal.text) / 3 < Val(m_em.txtcurrcash.text);
             });
             if (vealie) {
-                // R, the next sell price, is not yet set here: this leaves K as it was, and K
-                // would not be stored anyway.
+                // Kept: this arithmetic on the next sell price, not yet set, leaves K as it was,
+                // and K would not be stored anyway.
                 statement([&] { m_K = m_K + (static_cast<double>(m_R) * m_Q) / 3; });
             } else {
                 sellNow();
@@ -169,7 +172,8 @@ AdviceOutcome GetAdvise::run() {
         statement(
             [&] { buyTest = m_B > setting("MinTradebuy") || (m_T >= setting("MINtradebuysh") && m_P > kDearShare); });
         if (buyTest) {
-            // No cash: the buy side stores nothing and shows nothing.
+            // Kept: with no cash the buy side stores nothing and shows nothing, and the stored
+            // next buy stays as it was.
             if (m_C > 0)
                 buyNow();
         } else {
@@ -210,6 +214,8 @@ void GetAdvise::sellNow() {
     statement([&] { holding().setField(QStringLiteral("nextsellshares"), formatNumber(m_Q, kSharesPattern)); });
     statement([&] { holding().setField(QStringLiteral("LastUpdated"), Variant::date(now())); });
     statement([&] { holding().update(); });
+    // Kept: the amount of a trade now is its price times the shares before they are rounded for
+    // the box (the buy side alike).
     m_em.txtnextsellamount.text = singleText(m_R * m_Q);
     m_em.txtnextsell.foreColour = kRed;
     m_em.txtnextsell.text = formatNumber(m_Q, kSharesPattern);
@@ -224,7 +230,8 @@ void GetAdvise::nextSell() {
     statement([&] { m_Q = toSingleChecked(divide(m_S, m_R)); });
     statement([&] { holding().edit(); });
     statement([&] { holding().setField(QStringLiteral("nextsellprice"), formatNumber(m_R, kNextSellPricePattern)); });
-    // Here the share minimum opens only for shares dearer than 1000 rupees.
+    // Kept: for a next trade the share minimum applies only to shares dearer than 1000 rupees,
+    // for a trade now whatever the price (the buy side alike).
     statement([&] {
         const double minimum = setting("MINtradesellsh");
         if (m_Q < minimum && m_P > kDearShare)
@@ -240,13 +247,14 @@ void GetAdvise::nextSell() {
 
 void GetAdvise::buyNow() {
     m_em.txtnextbuyamount.foreColour = kGreen;
+    // Kept: the text "24" goes to the font's name, not its size, and only a buy sets it.
     m_em.lbladvise.fontName = kBuyFontName;
     m_em.lbladvise.caption = kBuy;
     m_W = m_P;
     statement([&] { m_T = toSingleChecked(divide(m_B, m_W)); });
     statement([&] { holding().edit(); });
     statement([&] { holding().setField(QStringLiteral("nextbuyprice"), formatNumber(m_W, kPricePattern)); });
-    // The cash isn't compared with the amount: a buy may be advised that the cash can't pay for.
+    // Kept: the cash isn't compared with the amount: a buy the cash can't pay for is advised.
     statement([&] {
         const double minimum = setting("MINtradebuysh");
         if (m_T < minimum)
@@ -269,8 +277,8 @@ float GetAdvise::nextBuyPrice() {
 void GetAdvise::nextBuy() {
     statement([&] { m_B = setting("MinTradebuy"); });
     statement([&] { m_W = nextBuyPrice(); });
-    // A price of 0 is worked out again with 500 rupees. With PortControl at 500 that gives 0 once
-    // more, and would for ever: a second 0 ends the retry, and the division below reports it.
+    // Kept: a price of 0 is worked out once more with 500 rupees. At PortControl 500 that gives 0
+    // for ever: a second 0 ends the retry, and the division below reports it.
     if (m_W == 0) {
         m_B = kFallbackBuyAmount;
         statement([&] { m_W = nextBuyPrice(); });
@@ -306,7 +314,8 @@ int GetAdvise::countTrades(const QString& kind) {
 AdviceOutcome getadvise(Program& program) {
     // One unit of work: the two updates of the holding and the compare row.
     std::optional<Transaction> work;
-    trapped(program.reporter(), kGetAdvisePlace, [&] { work.emplace(program.store().database()); });
+    trapped(program.reporter(), kGetAdvisePlace,
+            [&] { work.emplace(program.store().database(), QStringLiteral("Get Advise")); });
     const AdviceOutcome outcome = GetAdvise(program).run();
     if (work)
         trapped(program.reporter(), kGetAdvisePlace, [&] { work->commit(); });
@@ -332,6 +341,8 @@ AdviceOutcome advisewhatif(Program& program) {
                 if (e.number() != err::TypeMismatch)
                     program.reporter().report(e, kWhatIfPlace);
             });
+    // Kept: a what-if advice is stored in the holding's row like any other; only its price is
+    // forgotten.
     if (values.adviseprice != 0)
         outcome = getadvise(program);
     values.adviseprice = 0;

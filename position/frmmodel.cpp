@@ -16,8 +16,9 @@ struct Model {
     const char* suffix;
 };
 
-// Compared with the chosen option's caption, case sensitively. The third is spelled in lower
-// case while its option reads "Conservative", so that "-C" is never appended.
+// Compared with the chosen option's caption, case sensitively.
+// Kept: the third is spelled in lower case while its option reads "Conservative", so that "-C"
+// is never appended.
 constexpr Model kModels[] = {{"Default", "-D"}, {"Bullish", "-B"}, {"conservative", "-C"}};
 
 }  // namespace

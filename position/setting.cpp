@@ -47,7 +47,7 @@ void Setting::cmdok_Click() {
     const auto statement = [&](auto&& body) { trapped(reporter, kOkPlace, body); };
 
     std::optional<Transaction> work;
-    statement([&] { work.emplace(store.database()); });
+    statement([&] { work.emplace(store.database(), QStringLiteral("Position Setting")); });
     std::shared_ptr<Recordset> holding;
     statement([&] { holding = openHolding(m_program); });
 

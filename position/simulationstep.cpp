@@ -22,12 +22,13 @@ float quotient(float a, float b) {
     return toSingleChecked(divide(a, b));
 }
 
-// Shares as the simulation trades them: whole, with halves to the even number.
+// Kept: the simulation rounds its shares to whole ones with halves to the even number, while
+// getadvise's shares go through Format "0", halves away from zero.
 std::int16_t wholeShares(float amount, float price) {
     return toInteger(Round(quotient(amount, price)));
 }
 
-// The cost per share is cut to what Format(…, "####.##") shows, at each trade.
+// Kept: at each trade the cost per share is cut to what Format(…, "####.##") shows.
 float shownCost(float cost) {
     return textToSingle(formatNumber(cost, kCostPattern));
 }
@@ -138,6 +139,8 @@ void SimulationStep::sell() {
     addTrade(static_cast<std::int16_t>(-m_v.simsellshares));
 }
 
+// Kept: the next sell and the next buy are worked out on a fixed 1000 rupees, not on the
+// threshold that grows with simportcontrol.
 void SimulationStep::nextSell() {
     m_v.simsellamount = kBaseTrade;
     passedOver([&] {
@@ -153,6 +156,7 @@ void SimulationStep::nextSell() {
 
 void SimulationStep::buy() {
     m_em.txtnextbuyamount.foreColour = kGreen;
+    // Kept: the text "24" goes to the font's name, not its size, as getadvise's buy does.
     m_em.lbladvise.fontName = QStringLiteral("24");
     m_em.lbladvise.caption = QStringLiteral("BUY");
     m_v.simbuyprice = m_v.simprice;

@@ -9,6 +9,7 @@ namespace ostravel {
 
 namespace {
 
+// Kept: the dialog websetting reports under the form name "web".
 const QString kLoadPlace = QStringLiteral("(Form) web::Sub Form_Load");
 const QString kOkPlace = QStringLiteral("(Form) web::Sub cmdOK_Click");
 const QString kApplyPlace = QStringLiteral("(Form) web::Sub cmdapply_Click");
@@ -29,8 +30,8 @@ constexpr Bound kPositionBoxes[] = {
     {11, &WebSetting::txtbuyres}, {12, &WebSetting::txtsellres}, {23, &WebSetting::txtbshares},
 };
 
-// Apply's tab 0: from BuyFee on, each column takes the box before its own, so that the buy
-// minimum lands in BuyFee and ResistSell's box in SpareSetting. OK writes them right.
+// Kept: Apply's tab 0 from BuyFee on gives each column the box before its own, so that the buy
+// minimum lands in BuyFee and ResistSell's box in SpareSetting; OK writes them right.
 constexpr Bound kAppliedBoxes[] = {
     {5, &WebSetting::txtmsell},    {6, &WebSetting::txtmbuy},    {7, &WebSetting::txtmtbuy},
     {8, &WebSetting::txtmtsell},   {9, &WebSetting::txtmbuy},    {10, &WebSetting::txtfeebuy},
@@ -97,6 +98,7 @@ void WebSetting::cmdok_Click() {
     statement([&] { users().setField(QStringLiteral("LastName"), txtlastname.text); });
     statement([&] { users().setField(QStringLiteral("FirstName"), txtfirstname.text); });
     statement([&] { users().setField(QStringLiteral("eMail"), txtemail.text); });
+    // Kept: OK leaves QUICK, which only Apply on the user tab and the quick start screen write.
     statement([&] { users().update(); });
     if (unload)
         unload();
@@ -110,6 +112,7 @@ void WebSetting::cmdapply_Click() {
 
     statement([&] { store.connection(); });
     statement([&] { users().edit(); });
+    // Kept: Apply saves the open tab alone; what was typed on the others stays unsaved.
     switch (currentTab) {
         case kPositionTab:
             for (const Bound& bound : kAppliedBoxes)

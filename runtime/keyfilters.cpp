@@ -17,6 +17,7 @@ int filterKey(int keyAscii, QLatin1StringView allowed) {
 
 }  // namespace
 
+// Kept: nothing limits the points, so "1.2.3" can be typed and Val reads it as 1.2.
 int testnumber(int keyAscii) {
     return filterKey(keyAscii, QLatin1StringView("0123456789."));
 }

@@ -30,6 +30,8 @@ QStringList ScriptedPrompt::messages() const {
 
 Answer ScriptedPrompt::message(const QString& text, Buttons buttons, Icon icon, const QString& title) {
     m_asked.append({Asked::Kind::Message, text, title, buttons, icon});
+    if (whileAsking)
+        whileAsking();
     // A box with OK alone needs no script: OK is the only answer.
     if (buttons == Buttons::OK && (m_replies.empty() || !std::holds_alternative<Answer>(m_replies.front())))
         return Answer::OK;

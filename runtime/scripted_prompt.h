@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <deque>
+#include <functional>
 #include <variant>
 
 #include "runtime/prompt.h"
@@ -35,6 +36,9 @@ public:
         m_replies.clear();
     }
     bool allAnswered() const { return m_replies.empty(); }
+    // Runs while a message box waits for its answer, as the window events of a real modal box
+    // go on meanwhile; unset, nothing runs.
+    std::function<void()> whileAsking;
 
     Answer message(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
     std::optional<QString> input(const QString& text, const QString& title, const QString& initial) override;

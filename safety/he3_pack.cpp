@@ -159,7 +159,8 @@ QByteArray pack(const std::uint8_t* plain, std::int64_t length, ProgressGauge& p
     const std::uint8_t checksum = checksumWithProgress(plain, length, progress);
 
     const std::int64_t headerSize = kPairsOffset + 2 * valueCount + (codeStreamBits + 7) / 8;
-    // The coded data closes with the byte of the bits left over, written even when it is empty.
+    // Kept: the coded data closes with the byte of the bits left over, written even when it is
+    // empty, so that data ending on a byte edge gets a further 0 byte.
     const std::int64_t dataSize = totalBits / 8 + 1;
     QByteArray result(headerSize + dataSize + 8, Qt::Uninitialized);
     auto* out = reinterpret_cast<std::uint8_t*>(result.data());

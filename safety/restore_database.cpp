@@ -49,6 +49,7 @@ bool opens(Store& store) {
 
 void restoreDatabase(Store& store, clsHuffman& huffman, const QString& source) {
     const QByteArray restored = unpackBackup(huffman, source);
+    // Kept: the unpacked copy stays under database/ after a good restore.
     const QString copy = appFile(kRestoredCopy);
     replaceFile(copy, restored, kOperation);
     try {

@@ -9,6 +9,7 @@
 #include "store/durablefile.h"
 #include "store/filecheck.h"
 #include "store/jetsql.h"
+#include "store/journal.h"
 #include "store/queryshape.h"
 #include "store/schema.h"
 #include "store/sqliteconnection.h"
@@ -134,19 +135,23 @@ void Database::close() {
     m_connection.reset();
 }
 
-Transaction::Transaction(Database& database) : m_connection(database.connection()) {
+Transaction::Transaction(Database& database, const QString& action) : m_connection(database.connection()) {
     if (!m_connection || !m_connection->isOpen())
         raise(dberr::ObjectInvalid, kObjectInvalid);
     m_outermost = !m_connection->inTransaction();
-    if (m_outermost)
-        m_connection->run(QStringLiteral("BEGIN IMMEDIATE"));
+    if (!m_outermost)
+        return;
+    m_connection->run(QStringLiteral("BEGIN IMMEDIATE"));
+    beginJournalAction(*m_connection, action);
 }
 
 void Transaction::commit() {
     if (m_committed)
         return;
-    if (m_outermost)
+    if (m_outermost) {
+        endJournalAction(*m_connection);
         m_connection->run(QStringLiteral("COMMIT"));
+    }
     m_committed = true;
 }
 

@@ -66,10 +66,11 @@ private:
 };
 
 // A unit of work: begins a transaction, or joins the one already running, which then decides.
-// Not committed by the end of its scope, the outermost one rolls back.
+// Not committed by the end of its scope, the outermost one rolls back. The outermost one names
+// the user action that its changes are journaled under ("Add Trade", "Close").
 class Transaction {
 public:
-    explicit Transaction(Database& database);
+    Transaction(Database& database, const QString& action);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

@@ -8,6 +8,7 @@
 
 #include "runtime/vberror.h"
 #include "store/fieldvalue.h"
+#include "store/journal.h"
 #include "store/sqliteconnection.h"
 
 namespace ostravel {
@@ -237,6 +238,7 @@ void createSchema(SqliteConnection& connection) {
                        "(SELECT pkEquityID FROM equity WHERE fkPortfolioID = OLD.pkPortfolioID); END"));
     connection.run(QStringLiteral("INSERT INTO users DEFAULT VALUES"));
     fillSymbolList(connection);
+    installJournal(connection);
 }
 
 }  // namespace ostravel

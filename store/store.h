@@ -17,7 +17,8 @@ inline const QString kLiveDatabase = QStringLiteral("database/ostravel.mdb");
 inline const QString kDailyHistoryFolder = QStringLiteral("history/daily");
 
 // Opens the live file, first taking back a copy that an interrupted compaction left in its
-// place, and makes a new one with every table, and its folder, when there is none.
+// place, and makes a new one with every table, and its folder, when there is none. Either way
+// the file has its journal of changes.
 void openLiveDatabase(Database& database, const QString& path);
 
 class Store {

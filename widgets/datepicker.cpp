@@ -16,9 +16,11 @@ DatePicker::DatePicker(QWidget* parent) : QWidget(parent), m_initDate(QDate::cur
     m_calendar->setGridVisible(true);
     auto* ok = new QPushButton(QStringLiteral("OK"), this);
     ok->setObjectName(QStringLiteral("cmdok"));
-    ok->setDefault(true);
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
     cancel->setObjectName(QStringLiteral("cmdcancel"));
+    // The calendar lies inside a screen: a default button here would take Enter from the
+    // screen's own (Add Trade). Enter on a day is the calendar's OK.
+    for (QPushButton* button : {ok, cancel}) button->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -58,8 +58,6 @@ void showFlexGrid(QTableWidget& table, const FlexGridData& grid) {
     for (int col = 0; col < grid.cols(); ++col) {
         const Qt::Alignment alignment = toQtAlignment(grid.column(col).alignment);
         setHeading(table, col, grid.rows() > 0 ? grid.textMatrix(0, col) : QString(), alignment);
-        if (grid.colWidth(col) > 0)
-            table.setColumnWidth(col, twipsToPixels(grid.colWidth(col)));
         for (int row = 1; row < grid.rows(); ++row) {
             QTableWidgetItem* item = itemAt(table, row - 1, col);
             item->setText(grid.textMatrix(row, col));
@@ -67,6 +65,11 @@ void showFlexGrid(QTableWidget& table, const FlexGridData& grid) {
             const std::optional<std::uint32_t> colour = grid.cellForeColour(row, col);
             item->setForeground(colour ? QBrush(toQColor(*colour)) : QBrush());
         }
+        // The width in twips is the least a column has; where our font needs more, it grows to
+        // its heading and its texts.
+        table.resizeColumnToContents(col);
+        if (twipsToPixels(grid.colWidth(col)) > table.columnWidth(col))
+            table.setColumnWidth(col, twipsToPixels(grid.colWidth(col)));
     }
 }
 

@@ -21,7 +21,8 @@ QColor toQColor(std::uint32_t colour);
 
 // Read-only, whole-row selection, no row numbers: the grid as the program's screens show it.
 void setUpFlexGrid(QTableWidget& table);
-// Mirrors the grid: headings from row 0, its other rows as the table's rows.
+// Mirrors the grid: headings from row 0, its other rows as the table's rows, each column at
+// least its width in twips and wide enough for its heading and texts.
 void showFlexGrid(QTableWidget& table, const FlexGridData& grid);
 
 }  // namespace ostravel

@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include "bench/ledger/add_trades.h"
 #include "bench/support/bench_folder.h"
 #include "ledger/portfolioexplorer.h"
 #include "ledger/trade.h"
@@ -57,17 +58,7 @@ LargePortfolio& portfolio() {
 void AddTrade(benchmark::State& state) {
     bench::RunningProgram run(kPortfolio, portfolio().symbol());
     Trade& trade = run.program.module<Trade>();
-    for (auto _ : state) {
-        state.PauseTiming();
-        // One opening of the screen takes one trade.
-        trade.unload();
-        trade.load();
-        trade.txtshare.text = QStringLiteral("3");
-        trade.txtprice.text = QStringLiteral("101.5");
-        trade.txtcommision.text = QStringLiteral("2.59");
-        state.ResumeTiming();
-        trade.cmdadd_Click();
-    }
+    bench::addTrades(state, trade);
     if (trade.cmdadd.enabled || !run.prompt.asked().isEmpty() ||
         run.program.module<PortfolioExplorer>().MSFlexGrid1.rows() != kHoldings + 2)
         state.SkipWithError("the trade did not go through cleanly");

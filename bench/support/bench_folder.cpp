@@ -10,7 +10,7 @@ BenchFolder::BenchFolder(const std::function<void(Database&)>& fill) {
     setAppPath(m_dir.path());
     Database db;
     openLiveDatabase(db, databasePath());
-    Transaction work(db);
+    Transaction work(db, QStringLiteral("Bench holdings"));
     fill(db);
     work.commit();
 }

@@ -72,6 +72,10 @@ PortfolioExplorerForm::PortfolioExplorerForm(Program& program, QWidget* parent)
     layout->addLayout(buttons);
 
     connect(m_MSFlexGrid1, &QTableWidget::cellClicked, this, [this](int row, int) { MSFlexGrid1_Click(row); });
+    connect(m_MSFlexGrid1, &QTableWidget::cellDoubleClicked, this, [this](int row, int) {
+        m_state.MSFlexGrid1_DblClick(row + 1);
+        refreshFrame();
+    });
     connect(m_cmbequity, &QComboBox::currentTextChanged, this,
             [this](const QString& text) { m_state.cmbequity.text = text; });
     connect(m_Command1, &QPushButton::clicked, this, &PortfolioExplorerForm::Command1_Click);
@@ -109,7 +113,9 @@ void PortfolioExplorerForm::refresh() {
     m_cmbequity->addItems(m_state.cmbequity.items);
     m_cmbequity->setEditText(m_state.cmbequity.text);
 
-    m_lbladvise->setText(m_state.lbladvise.caption);
+    // The line wraps within its width, but never between "Rs." and its figure.
+    m_lbladvise->setText(
+        QString(m_state.lbladvise.caption).replace(QStringLiteral("Rs. "), QStringLiteral("Rs.\u00A0")));
     m_lbladvise->setFixedWidth(twipsToPixels(m_state.lbladvise.width));
     m_lbladvise->setVisible(m_state.lbladvise.visible);
     if (!m_state.Timer1.enabled)

@@ -86,6 +86,15 @@ QLineEdit* EquityManagerForm::box(const char* name, TextBox& state, QWidget* par
     return edit;
 }
 
+QLineEdit* EquityManagerForm::figure(const char* name, TextBox& state, QWidget* parent) {
+    // The figures of the positions and the advice are the program's to write: the user reads
+    // and copies them, and Tab passes them by on its way to the settings and buttons.
+    QLineEdit* edit = box(name, state, parent);
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::ClickFocus);
+    return edit;
+}
+
 QLabel* EquityManagerForm::label(const char* name, Label& state, QWidget* parent) {
     auto* shown = new QLabel(parent);
     shown->setObjectName(QString::fromLatin1(name));
@@ -113,7 +122,7 @@ QGroupBox* EquityManagerForm::makeBeginning() {
                                 QStringLiteral("Total"), QStringLiteral("Cost Per Share")};
     for (int i = 0; i < int(std::size(rows)); ++i) {
         grid->addWidget(caption(captions[i], Frame1), i, 0);
-        grid->addWidget(box(rows[i].first, *rows[i].second, Frame1), i, 1);
+        grid->addWidget(figure(rows[i].first, *rows[i].second, Frame1), i, 1);
     }
     grid->setRowStretch(grid->rowCount(), 1);
     return Frame1;
@@ -141,7 +150,7 @@ QGroupBox* EquityManagerForm::makeCurrent() {
                                 QStringLiteral("Percentage of cash at risk")};
     for (int i = 0; i < int(std::size(rows)); ++i) {
         grid->addWidget(caption(captions[i], Frame2_1), i, 0);
-        grid->addWidget(box(rows[i].first, *rows[i].second, Frame2_1), i, 1);
+        grid->addWidget(figure(rows[i].first, *rows[i].second, Frame2_1), i, 1);
     }
     grid->setRowStretch(grid->rowCount(), 1);
     return Frame2_1;
@@ -237,8 +246,8 @@ QGroupBox* EquityManagerForm::makeAdvice() {
         ++line;
         grid->addWidget(caption(side.heading, m_Frame4), line, 0);
         for (QLineEdit* edit :
-             {box(side.sharesName, *side.shares, m_Frame4), box(side.priceName, *side.priceBox, m_Frame4),
-              box(side.amountName, *side.amount, m_Frame4)})
+             {figure(side.sharesName, *side.shares, m_Frame4), figure(side.priceName, *side.priceBox, m_Frame4),
+              figure(side.amountName, *side.amount, m_Frame4)})
             darkBackground(edit);
         const auto count = m_boxes.size();
         grid->addWidget(m_boxes.at(count - 3).first, line, 1);

@@ -37,6 +37,8 @@ protected:
 
 private:
     QLineEdit* box(const char* name, TextBox& state, QWidget* parent);
+    // A box of a figure the program writes: read-only and no tab stop.
+    QLineEdit* figure(const char* name, TextBox& state, QWidget* parent);
     QLabel* label(const char* name, Label& state, QWidget* parent);
     QPushButton* button(const char* name, const QString& caption, QWidget* parent);
     QGroupBox* makeBeginning();

@@ -16,6 +16,7 @@
 #include "app/quick_view.h"
 #include "app/splash_view.h"
 #include "context/menu_tree.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/program_screen_test.h"
 
 using namespace ostravel;
@@ -52,9 +53,9 @@ private Q_SLOTS:
         MDIForm1View frame(*m_program);
         QStringList tops;
         for (QAction* a : frame.menuBar()->actions()) tops << a->text();
-        QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Portfolio"), QStringLiteral("&Equity"),
-                                    QStringLiteral("Technical Analysis"), QStringLiteral("T&ools"),
-                                    QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
+        QCOMPARE(tops, (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Portfolio"),
+                                    QStringLiteral("&Equity"), QStringLiteral("Technical Analysis"),
+                                    QStringLiteral("T&ools"), QStringLiteral("&Reports"), QStringLiteral("He&lp")}));
         QVERIFY(frame.action(QStringLiteral("Exit"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnucalc"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnykbhelp"))->isEnabled());
@@ -101,6 +102,10 @@ private Q_SLOTS:
         QStringList names;
         for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) names << sub->widget()->objectName();
         QCOMPARE(names, (QStringList{QStringLiteral("calc"), QStringLiteral("FRM_KEYBOARD_HELP")}));
+        // The help shows both of its columns whole, without scrolling.
+        auto* help = frame.mdiArea()->subWindowList().back()->widget()->findChild<QTableWidget*>();
+        QCOMPARE(test::clippedColumn(*help), QString());
+        QVERIFY(help->horizontalHeader()->length() <= help->viewport()->width());
         QCOMPARE(frame.mdiArea()->subWindowList().front()->pos(), QPoint(0, 0));
     }
 
@@ -118,12 +123,14 @@ private Q_SLOTS:
         QVERIFY(m_prompt->asked().isEmpty());
     }
 
-    void splashGoesOnWithAKeyAndStopsWithEscape() {
+    void keptSplashGoesOnWithAKeyAndStopsWithEscape() {
         {
             frmSplash splash(*m_program);
             QSignalSpy shown(&splash, &frmSplash::showFrame);
             splash.show();
             QCOMPARE(splash.findChild<QLabel*>(QStringLiteral("productversion"))->text(), QStringLiteral("Ver 1.0"));
+            // White text on the dark blue, not on the window's light grey.
+            QCOMPARE(splash.grab().toImage().pixelColor(2, 2), QColor(0x10, 0x36, 0x5a));
             QTest::keyClick(&splash, Qt::Key_A);
             QCOMPARE(shown.count(), 1);
             QVERIFY(!splash.isVisible());

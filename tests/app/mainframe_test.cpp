@@ -112,11 +112,11 @@ TEST_F(MainFrameTest, CloseButtonIsRefusedUnlessFromExit) {
     EXPECT_EQ(m_prompt.asked().size(), 1);
 }
 
-TEST_F(MainFrameTest, ExitCompactsThenAsksAndNoReopens) {
+TEST_F(MainFrameTest, KeptExitCompactsThenAsksAndNoReopens) {
     const QString live = m_dir.filePath(QStringLiteral("database/ostravel.mdb"));
     // Fill and empty a table so that the file holds free space for the compaction to drop.
     {
-        Transaction t(store().database());
+        Transaction t(store().database(), QStringLiteral("Test"));
         for (int i = 0; i < 3000; ++i)
             store().database().execute(QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values "
                                                       "('2020-01-01', %1, 'SOME LONG SYMBOL TEXT TO TAKE ROOM')")

@@ -103,11 +103,12 @@ const QStringList kSureTooMuch{AddRemoveCash::kSure, AddRemoveCash::kTooMuch};
 
 INSTANTIATE_TEST_SUITE_P(
     Refusals, CashNothingTest,
-    ::testing::Values(NothingCase{"ZeroAmount", CashMovement::Deposit, "0", Answer::Yes, kSure},
+    ::testing::Values(NothingCase{"KeptQuestionBeforeAZeroAmount", CashMovement::Deposit, "0", Answer::Yes, kSure},
                       NothingCase{"ZeroWrittenOtherwise", CashMovement::Deposit, "0.0", Answer::Yes, kSure},
                       NothingCase{"EmptyAmount", CashMovement::Interest, "", Answer::Yes, kSure},
                       NothingCase{"AnsweredNo", CashMovement::Deposit, "50", Answer::No, kSure},
-                      NothingCase{"WholeBalance", CashMovement::Withdrawal, "1000", Answer::Yes, kSureTooMuch},
+                      NothingCase{"KeptWholeBalanceRefused", CashMovement::Withdrawal, "1000", Answer::Yes,
+                                  kSureTooMuch},
                       NothingCase{"BeyondTheBalance", CashMovement::Withdrawal, "1000.01", Answer::Yes, kSureTooMuch}),
     [](const auto& param) { return std::string(param.param.name); });
 
@@ -179,7 +180,7 @@ struct SplitCase {
 
 class SplitTest : public LedgerTest, public ::testing::WithParamInterface<SplitCase> {};
 
-TEST_P(SplitTest, SharesRoundedByTheWholeNumberFormat) {
+TEST_P(SplitTest, KeptSharesRoundedByTheWholeNumberFormat) {
     const SplitCase& c = GetParam();
     Ledger ledger = kHolding;
     ledger.CurrentShares = c.shares;
@@ -266,7 +267,7 @@ TEST_F(LedgerTest, SplitOfAHoldingNotInThePortfolioChangesNothing) {
 }
 
 // No trade row records a split: the next trade sets the shares back to the sum of the trades.
-TEST_F(LedgerTest, NextTradeUndoesTheSplit) {
+TEST_F(LedgerTest, KeptNextTradeUndoesTheSplit) {
     m_rows.addHolding(kInfy, kGrowth, kHolding);
     m_rows.addTrade(kInfy, kGrowth, 10, 100, 1, QStringLiteral("Buy"));
     select(kInfy);

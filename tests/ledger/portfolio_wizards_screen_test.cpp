@@ -22,6 +22,7 @@
 #include "runtime/vbdate.h"
 #include "tests/ledger/holdings.h"
 #include "tests/ledger/wizard_rows.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/modal_dialog.h"
 #include "tests/support/program_screen_test.h"
 #include "widgets/datepicker.h"
@@ -175,6 +176,7 @@ private Q_SLOTS:
         auto* grid = child<QTableWidget>(screen, "MSFlexGrid1");
         QCOMPARE(headings(grid).last(), QStringLiteral("Equity Start Date"));
         QCOMPARE(grid->rowCount(), 2);
+        QCOMPARE(test::clippedColumn(*grid), QString());
 
         clickCell(grid, 1, 3);
         QVERIFY(details->isVisible());

@@ -13,6 +13,7 @@
 #include "ledger/portfolioexplorer.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "tests/ledger/holdings.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/modal_dialog.h"
 #include "tests/support/program_screen_test.h"
 
@@ -52,12 +53,12 @@ private Q_SLOTS:
                  (QStringList{"Nos", "Symbol", "Shares", "Price", "Cash", "Commission", "Stock Value", "Profit/Loss"}));
         QCOMPARE(grid1->horizontalHeaderItem(7)->textAlignment(), int(Qt::AlignCenter));
         QCOMPARE(grid2->horizontalHeaderItem(1)->text(), QStringLiteral("50 Day's DMA"));
-        // Twips at 15 to the pixel.
-        QCOMPARE(grid1->columnWidth(1), 1400 / 15);
-        QCOMPARE(grid1->columnWidth(2), 800 / 15);
-        QCOMPARE(grid1->columnWidth(7), 1500 / 15);
-        QCOMPARE(grid2->columnWidth(0), 1500 / 15);
-        QCOMPARE(grid2->columnWidth(4), 1600 / 15);
+        // Twips at 15 to the pixel are the least; a column grows to its heading and texts.
+        QVERIFY(grid1->columnWidth(1) >= 1400 / 15);
+        QVERIFY(grid1->columnWidth(7) >= 1500 / 15);
+        QVERIFY(grid2->columnWidth(4) >= 1600 / 15);
+        QCOMPARE(test::clippedColumn(*grid1), QString());
+        QCOMPARE(test::clippedColumn(*grid2), QString());
 
         QCOMPARE(grid1->rowCount(), 3);  // two holdings and the total below the heading row
         QCOMPARE(grid1->item(0, 7)->text(), QStringLiteral("Rs.595.25"));
@@ -109,7 +110,8 @@ private Q_SLOTS:
         QTest::mouseClick(grid1->viewport(), Qt::LeftButton, {}, cell.center());
         QCOMPARE(
             lbladvise->text(),
-            QStringLiteral("Recommendation:  Buy 10 at Rs. 95.5 and  Sell 8 at Rs. 120.25 Last Updated on 05/03/2024"));
+            QStringLiteral(
+                "Recommendation:  Buy 10 at Rs.\u00A095.5 and  Sell 8 at Rs.\u00A0120.25 Last Updated on 05/03/2024"));
         QVERIFY(!lbladvise->isHidden());
         QCOMPARE(lbladvise->width(), 5000 / 15);
         QCOMPARE(m_program->frame().cmbequity, QStringLiteral("TCS"));
@@ -148,6 +150,38 @@ private Q_SLOTS:
         portfolio->setCurrentText(QStringLiteral("Simulation"));
         QCOMPARE(grid1->item(0, 1)->text(), QString());
         QVERIFY(m_prompt->asked().isEmpty());
+    }
+
+    // Seen: eleven error boxes, from the equity manager's activation while Exit had the store
+    // closed. The exit question lets window events run, as a real modal box does.
+    void exitWithTheOverviewAndEquityManagerOpenShowsNoErrorBox() {
+        m_program->store().database().execute(QStringLiteral("update users set QUICK=0"));
+        MDIForm1View frame(*m_program);
+        frame.show();
+        frame.findChild<QComboBox*>(QStringLiteral("cmbportfolio"))->setCurrentText(kPortfolio);
+        QAction* details = frame.action(QStringLiteral("mnuallportfolio"));
+        details->trigger();
+        frame.mdiArea()->currentSubWindow()->widget()->findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+        details->trigger();
+        QTest::qWait(50);
+        QCOMPARE(frame.mdiArea()->currentSubWindow()->widget()->objectName(), QStringLiteral("Portfolioexplorer"));
+        QVERIFY(frame.findChild<QWidget*>(QStringLiteral("equitymanager")));
+        m_prompt->clear();
+        m_prompt->whileAsking = [] { QTest::qWait(50); };
+
+        m_prompt->answer(Answer::No);
+        frame.action(QStringLiteral("Exit"))->trigger();
+        QCOMPARE(m_prompt->messages(), QStringList{QStringLiteral("Do you really want to exit program?")});
+        // Back to a working frame: the overview opens and fills again.
+        details->trigger();
+        QCOMPARE(m_program->module<PortfolioExplorer>().MSFlexGrid1.textMatrix(1, 1), QStringLiteral("INFY"));
+
+        m_prompt->clear();
+        m_prompt->answer(Answer::Yes);
+        frame.action(QStringLiteral("Exit"))->trigger();
+        QCOMPARE(m_prompt->messages(), QStringList{QStringLiteral("Do you really want to exit program?")});
+        QVERIFY(!frame.isVisible());
+        m_prompt->whileAsking = {};
     }
 
     void userPreferenceOpensTheConfigurationDialog() {

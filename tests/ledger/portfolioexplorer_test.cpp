@@ -1,6 +1,7 @@
 #include "ledger/portfolioexplorer.h"
 
 #include "context/screens.h"
+#include "ledger/trade.h"
 #include "position/equitymanager.h"
 #include "tests/ledger/holdings.h"
 #include "tests/support/program_test.h"
@@ -76,7 +77,7 @@ TEST_F(PortfolioExplorerTest, SmallPortfolioWorkedByHand) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(PortfolioExplorerTest, ProfitLosesItsDecimalsBeforeTheCommission) {
+TEST_F(PortfolioExplorerTest, KeptProfitLosesItsDecimalsBeforeTheCommission) {
     struct Case {
         double profit;
         std::optional<double> commission;
@@ -200,6 +201,22 @@ TEST_F(PortfolioExplorerTest, ClickOnTheTotalLineFindsNoHoldingAndGoesOn) {
     EXPECT_FALSE(explorer().lbladvise.visible);
     EXPECT_TRUE(explorer().Timer1.enabled);
     EXPECT_TRUE(m_prompt.asked().isEmpty());  // 3021 is not reported
+}
+
+TEST_F(PortfolioExplorerTest, DoubleClickOpensTheTradeOnTheLinesSymbolAndPrice) {
+    addHolding(db(), kPortfolio, {QStringLiteral("INFY"), 100, 10, 1000, 12, 150.55, 800.9});
+    selectportfolio(m_program);
+    explorer().MSFlexGrid1_DblClick(2);  // the total line
+    EXPECT_TRUE(m_program.module<Screens>().shown().isEmpty());
+
+    explorer().MSFlexGrid1_DblClick(1);
+    EXPECT_EQ(m_program.module<Screens>().shown(), QStringList{QStringLiteral("trade")});
+    EXPECT_EQ(m_program.frame().cmbequity, QStringLiteral("INFY"));
+    const Trade& trade = m_program.module<Trade>();
+    EXPECT_EQ(trade.txtprice.text, QStringLiteral("150.55"));
+    EXPECT_EQ(trade.txtequity.text, QStringLiteral("INFY"));
+    EXPECT_EQ(trade.caption, QStringLiteral("Trade Details of  Infosys Limited"));
+    EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
 TEST_F(PortfolioExplorerTest, GetAdviseUnderSimulationAsksForAPortfolio) {

@@ -135,7 +135,7 @@ TEST_F(TradeScreenLogicTest, LessCashQuestionHasItsTitleAndButtons) {
 }
 
 // Only the exact texts "0" and "0.00" are refused: these pass.
-TEST_F(TradeScreenLogicTest, ZeroWrittenOtherwisePassesTheZeroTest) {
+TEST_F(TradeScreenLogicTest, KeptZeroWrittenOtherwisePassesTheZeroTest) {
     for (const auto& [share, commission] : {std::pair{"0.0", "1"}, std::pair{"2", "0"}}) {
         openHolding();
         fill(QString::fromLatin1(share), QStringLiteral("100"), QString::fromLatin1(commission));
@@ -147,7 +147,7 @@ TEST_F(TradeScreenLogicTest, ZeroWrittenOtherwisePassesTheZeroTest) {
     }
 }
 
-TEST_F(TradeScreenLogicTest, DepositIsOfferedAndTheBuyGoesOnBelowZero) {
+TEST_F(TradeScreenLogicTest, KeptDepositIsOfferedAndTheBuyGoesOnBelowZero) {
     openHolding();
     Screens& screens = m_program.module<Screens>();
     QString buttonCaption, formCaption;
@@ -180,7 +180,7 @@ TEST_F(TradeScreenLogicTest, DepositIsOfferedAndTheBuyGoesOnBelowZero) {
     EXPECT_EQ(after.CurrentShares, 15);
 }
 
-TEST_F(TradeScreenLogicTest, SellOfAllSharesLeavesCpsAndLogs) {
+TEST_F(TradeScreenLogicTest, KeptSellOfAllSharesLeavesCpsAndLogs) {
     openHolding(Ledger{100, 10, 1000, 10, 1000, 1000, 95.5, 100, 0});
     fill(QStringLiteral("10"), QStringLiteral("150"), QStringLiteral("1"), 1);
     expectReports(1);
@@ -232,7 +232,7 @@ TEST_F(TradeScreenLogicTest, DateCaptionThatIsNoDateIsLoggedAndTheHoldingStillWh
     EXPECT_EQ(after.PortControl, 1300);
 }
 
-TEST_F(TradeScreenLogicTest, AddTakesOneTradeAndAdvisesOnlyInNormalMode) {
+TEST_F(TradeScreenLogicTest, KeptAddTakesOneTradeAndAdvisesOnlyInNormalMode) {
     openHolding();
     fill(QStringLiteral("5"), QStringLiteral("120"), QStringLiteral("1"));
     trade().cmdadd_Click();
@@ -334,7 +334,7 @@ TEST_F(TradeScreenLogicTest, RowClickFillsTheBoxesAndEnablesDelete) {
 
 // After a delete the list names the date before the symbol: the two stand under each other's
 // headings, and a row clicked then puts the symbol on the date button.
-TEST_F(TradeScreenLogicTest, DeleteSwapsSymbolAndDateUntilTheNextOpening) {
+TEST_F(TradeScreenLogicTest, KeptSwappedSymbolAndDateAfterDelete) {
     openHolding();
     const long long second = m_rows.addTrade(kInfy, kGrowth, 5, 120, 1, QStringLiteral("Buy"));
     m_rows.addTrade(kInfy, kGrowth, 1, 130, 1, QStringLiteral("Buy"));
@@ -358,7 +358,7 @@ TEST_F(TradeScreenLogicTest, DeleteSwapsSymbolAndDateUntilTheNextOpening) {
 }
 
 // The key is the current cell's text: a cell outside the Trade ID column selects by its text.
-TEST_F(TradeScreenLogicTest, DeleteByACellOutsideTheKeyColumnUsesThatText) {
+TEST_F(TradeScreenLogicTest, KeptDeleteKeyedOnGridCellText) {
     openHolding();
     m_rows.addTrade(kInfy, kGrowth, 1, 130, 1, QStringLiteral("Buy"));
     trade().MSFlexGrid1_Click(2, 0);  // " 2": the running number names the second trade
@@ -374,7 +374,7 @@ TEST_F(TradeScreenLogicTest, DeleteByACellOutsideTheKeyColumnUsesThatText) {
     EXPECT_EQ(m_rows.ledger(kInfy, kGrowth).CurrentShares, 10);
 }
 
-TEST_F(TradeScreenLogicTest, DeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTotal) {
+TEST_F(TradeScreenLogicTest, KeptDeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTotal) {
     openHolding();
     trade().MSFlexGrid1_Click(1, Trade::kTradeIdCol);
     expectReports(3);
@@ -397,7 +397,25 @@ TEST_F(TradeScreenLogicTest, DeleteOfTheLastTradeEmptiesSharesAndLogsTheEmptyTot
     EXPECT_EQ(trade().MSFlexGrid1.textMatrix(1, 1), QStringLiteral("Total"));
 }
 
-TEST_F(TradeScreenLogicTest, CloseWithoutTradesRemovesTheSymbolInEveryPortfolio) {
+// Seen: a trade of one holding deleted at 110, then INFY at 1500 advised "BUY 627 @ Rs 110".
+TEST_F(TradeScreenLogicTest, AdviceAfterDeletingATradeKeptTheDeletedHoldingsPrice) {
+    const QString tcs = QStringLiteral("TCS");
+    m_rows.addHolding(kInfy, kGrowth, {100, 100, 10000, 100, 5000, 200000, 0, 1500, 0});
+    m_rows.addHolding(tcs, kGrowth, {100, 10, 1000, 11, 1000, 1000, 0, 110, 0});
+    m_rows.addTrade(tcs, kGrowth, 10, 100, 1, QStringLiteral("Buy"));
+    m_rows.addTrade(tcs, kGrowth, 1, 110, 1, QStringLiteral("Buy"));
+    select(tcs);
+    trade().MSFlexGrid1_Click(2, Trade::kTradeIdCol);
+    trade().cmddelete_Click();
+    EXPECT_EQ(m_program.module<AdviceValues>().adviseprice, 0);
+
+    select(kInfy);
+    advise(m_program);
+    EXPECT_EQ(m_rows.scalar(QStringLiteral("select NextBuyPrice from equity where EquitySymbol='INFY'")).toDouble(),
+              1500);
+}
+
+TEST_F(TradeScreenLogicTest, KeptCloseWithoutTradesRemovesTheSymbolInEveryPortfolio) {
     m_rows.addHolding(kInfy, kGrowth, Ledger{});
     m_rows.addHolding(kInfy, QStringLiteral("Other"), Ledger{});
     m_rows.addHolding(QStringLiteral("TCS"), kGrowth, Ledger{});

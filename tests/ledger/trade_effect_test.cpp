@@ -40,7 +40,12 @@ const Ledger kOpened{100, 10, 1000, 10, 1000, 1000, 0, 100, 0};
 const std::vector<TradeRow> kOpenedTrades{{10, 100, "Buy"}};
 // kOpened after a buy of 5 at 120, and after a sell of 4 at 150.
 const Ledger kBought{100, 10, 1000, 15, 400, 1300, 106.67, 120, 100};
+const std::vector<TradeRow> kBoughtTrades{{10, 100, "Buy"}, {5, 120, "Buy"}};
 const Ledger kSold{100, 10, 1000, 6, 1600, 1000, 66.67, 150, 100};
+const std::vector<TradeRow> kSoldTrades{{10, 100, "Buy"}, {-4, 150, "Sell"}};
+// One share at one rupee, where the rounding of the cost shows.
+const Ledger kPenny{1, 1, 1000, 1, 1000, 1000, 0, 1, 0};
+const std::vector<TradeRow> kPennyTrades{{1, 1, "Buy"}};
 
 const EffectCase kCases[] = {
     {"FirstSettingTrade",
@@ -58,27 +63,18 @@ const EffectCase kCases[] = {
      Ledger{520.0 / 6, 6, 520, 6, 520, 520, 0, 120, 0}, 2},
     {"Buy", kOpened, kOpenedTrades, Event::Buy, 5, 120, "Buy", kBought, 2},
     {"Sell", kOpened, kOpenedTrades, Event::Sell, 4, 150, "Sell", kSold, 2},
-    {"DeleteOfABuy",
-     kBought,
-     {{10, 100, "Buy"}, {5, 120, "Buy"}},
-     Event::DeleteBuy,
-     0,
-     0,
-     "",
-     Ledger{100, 10, 1000, 10, 1000, 1000, 100, 120, 100},
-     1},
-    {"DeleteOfASell",
-     kSold,
-     {{10, 100, "Buy"}, {-4, 150, "Sell"}},
-     Event::DeleteSell,
-     0,
-     0,
-     "",
-     Ledger{100, 10, 1000, 10, 1000, 1000, 100, 150, 100},
-     1},
+    // 5 / 3 is 1.67 through "####.##".
+    {"KeptCostRoundedThroughItsText", kPenny, kPennyTrades, Event::Buy, 2, 2, "Buy",
+     Ledger{1, 1, 1000, 3, 996, 1002, 1.67, 2, 1}, 2},
+    {"DeleteOfABuy", kBought, kBoughtTrades, Event::DeleteBuy, 0, 0, "",
+     Ledger{100, 10, 1000, 10, 1000, 1000, 100, 120, 100}, 1},
+    {"KeptDeleteRoundsCashToWholeRupees", Ledger{100, 10, 1000, 15, 400.4, 1300, 106.67, 120, 100}, kBoughtTrades,
+     Event::DeleteBuy, 0, 0, "", Ledger{100, 10, 1000, 10, 1000, 1000, 100, 120, 100}, 1},
+    {"DeleteOfASell", kSold, kSoldTrades, Event::DeleteSell, 0, 0, "",
+     Ledger{100, 10, 1000, 10, 1000, 1000, 100, 150, 100}, 1},
     {"Deposit", kOpened, kOpenedTrades, Event::Deposit, 500, 0, "", Ledger{100, 10, 1500, 10, 1500, 1000, 0, 100, 0},
      1},
-    {"Withdrawal", kOpened, kOpenedTrades, Event::Withdrawal, 300, 0, "",
+    {"KeptWithdrawalLeavesOriginalCash", kOpened, kOpenedTrades, Event::Withdrawal, 300, 0, "",
      Ledger{100, 10, 1000, 10, 700, 1000, 0, 100, 0}, 1},
     {"Interest", kOpened, kOpenedTrades, Event::Interest, 50, 0, "", Ledger{100, 10, 1000, 10, 1050, 1000, 0, 100, 0},
      1},

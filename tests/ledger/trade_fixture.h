@@ -13,6 +13,7 @@ struct Ledger {
     std::optional<double> OriginalPrice = 0, OriginalShares = 0, OriginalCash = 0;
     std::optional<double> CurrentShares = 0, CurrentCash = 0, PortControl = 0, cps = 0;
     std::optional<double> CurrentQuotePrice = 0, LastTradePrice = 0;
+    bool operator==(const Ledger&) const = default;
 };
 
 inline const QString kGrowth = QStringLiteral("Growth");

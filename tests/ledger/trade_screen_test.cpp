@@ -20,6 +20,7 @@
 #include "ledger/ui/frmsplit_view.h"
 #include "ledger/ui/trade_view.h"
 #include "store/database.h"
+#include "tests/support/grid_checks.h"
 #include "tests/support/program_screen_test.h"
 #include "tests/support/selection.h"
 #include "tests/support/store_rows.h"
@@ -97,13 +98,15 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), child<QLineEdit>(screen, "txtcommision"));
         QCOMPARE(child<QLineEdit>(screen, "txtcommision")->text(), QStringLiteral("5.10"));
 
-        QTest::mouseClick(child<QPushButton>(screen, "cmdadd"), Qt::LeftButton);
+        // Enter takes the trade: Add Trade is the screen's default button.
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QCOMPARE(m_prompt->asked().size(), 0);
         QCOMPARE(column(QStringLiteral("CurrentShares")), 15.0);
         QCOMPARE(column(QStringLiteral("CurrentCash")), 400.0);
         QVERIFY(!child<QPushButton>(screen, "cmdadd")->isEnabled());
         QCOMPARE(grid->rowCount(), 3);
         QCOMPARE(grid->item(2, 4)->text(), QStringLiteral("15"));
+        QCOMPARE(test::clippedColumn(*grid), QString());
 
         // The new trade's key cell, then Delete.
         const QRect cell = grid->visualRect(grid->model()->index(1, 1));

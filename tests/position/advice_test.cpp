@@ -38,19 +38,8 @@ RuleSettings rule(double minTradeSell, double minTradeBuy = 1000, double minSell
 
 const AdviceCase kCases[] = {
     {"price 120 holds", at(120), {}, "", "", "HOLD", "122.22", "8", "81.82", "12", "1000", ""},
-    {"price 140 sells while cash is under a third",
-     at(140),
-     {},
-     "19000",
-     "5000",
-     "SELL",
-     "140",
-     "19",
-     "81.82",
-     "12",
-     "2600",
-     ""},
-    {"price 140 with a third in cash does not sell",
+    {"KeptSaleAmountOfUnroundedShares", at(140), {}, "19000", "5000", "SELL", "140", "19", "81.82", "12", "2600", ""},
+    {"KeptVealieReadsTheBoxesAndChangesNothing",
      at(140),
      {},
      "19000",
@@ -62,18 +51,19 @@ const AdviceCase kCases[] = {
      "12",
      "1000",
      ""},
-    {"price 75 buys", at(75), {}, "", "", "BUY", "122.22", "8", "75", "23", "1000", ""},
-    {"price 75 without cash stores no buy", at(75, 0), {}, "", "", "HOLD", "122.22", "8", "0", "0", "1000", ""},
+    {"KeptBuySetsFontName24", at(75), {}, "", "", "BUY", "122.22", "8", "75", "23", "1000", ""},
+    {"KeptNoCashStoresNoBuy", at(75, 0), {}, "", "", "HOLD", "122.22", "8", "0", "0", "1000", ""},
+    {"KeptBuyBeyondTheCash", at(75, 100), {}, "", "", "BUY", "122.22", "8", "75", "23", "1000", ""},
     {"dear share sells on the share gate", at(1100, 5000, 97000), rule(5000), "", "", "SELL", "1100", "2", "872.73",
      "1", "2000", ""},
     {"a price just above 1000 opens the share gate", at(1000.5, 5000, 88045), rule(5000), "", "", "SELL", "1000.5", "2",
      "791.32", "1", "2000", ""},
-    {"a price of exactly 1000 keeps the share gate shut", at(1000, 5000, 88000), rule(5000), "", "", "HOLD", "1033.33",
-     "5", "790.91", "1", "5000", ""},
+    {"KeptShareGateShutAtExactly1000", at(1000, 5000, 88000), rule(5000), "", "", "HOLD", "1033.33", "5", "790.91", "1",
+     "5000", ""},
     {"dear share buys on the share gate, next sell raised to the share minimum", at(1100, 5000, 123000),
      rule(1000, 5000), "", "", "BUY", "1377.78", "1", "1100", "2", "1377.78", ""},
-    {"cheap share keeps its next trades below the share minimums", at(120), rule(1000, 1000, 10, 20), "", "", "HOLD",
-     "122.22", "8", "81.82", "12", "1000", ""},
+    {"KeptNextTradeShareMinimumAbove1000", at(120), rule(1000, 1000, 10, 20), "", "", "HOLD", "122.22", "8", "81.82",
+     "12", "1000", ""},
     {"share minimum makes the sale bigger than its amount", at(50, 5000, 4400), rule(50, 1000, 5), "", "", "SELL", "50",
      "5", "30.91", "32", "250", ""},
     {"empty PortControl counts as 0",
@@ -100,8 +90,8 @@ const AdviceCase kCases[] = {
      "110",
      "9800",
      ""},
-    {"PortControl and minimum buy at 500 end with the division message", at(120, 5000, 500), rule(1000, 500), "", "",
-     "SELL", "120", "86", "0", "0", "10300", kNoShares},
+    {"KeptSecondZeroEndsTheNextBuyRetry", at(120, 5000, 500), rule(1000, 500), "", "", "SELL", "120", "86", "0", "0",
+     "10300", kNoShares},
     {"no shares", at(120, 5000, 10000, 0), {}, "", "", "", "0", "0", "0", "0", "", kNoShares},
     {"price 0", at(0), {}, "", "", "", "0", "0", "0", "0", "", kNoShares},
     {"sell resistance of 100", at(120), rule(1000, 1000, 1, 1, 100), "", "", "", "0", "0", "0", "0", "", kNoShares},
@@ -224,7 +214,7 @@ TEST_F(AdviceTest, OtherErrorsAreLoggedAndTheNextStatementRuns) {
     EXPECT_EQ(shown[2], kNoShares);
 }
 
-TEST_F(AdviceTest, WhatIfPriceIsNeverRemembered) {
+TEST_F(AdviceTest, KeptWhatIfAdviceStoredButItsPriceForgotten) {
     const HoldingRow row = at(120);
     addHolding(row);
     select(row);

@@ -86,18 +86,21 @@ private Q_SLOTS:
         QVERIFY(screen.findChild<QWidget*>(QStringLiteral("Frame4"))->isHidden());
     }
 
-    void everyBoxTakesOnlyNumbers() {
+    void settingsTakeOnlyNumbersAndFiguresAreNoTabStops() {
         EquityManagerForm screen(*m_program);
-        QList<QLineEdit*> boxes;
+        QList<QLineEdit*> settings;
+        QList<QLineEdit*> figures;
         for (QLineEdit* box : screen.findChildren<QLineEdit*>())
             if (box->objectName().startsWith(QStringLiteral("txt")))
-                boxes << box;
-        QCOMPARE(boxes.size(), 30);  // 15 of the position, 9 settings, 6 of the next trades
-        for (QLineEdit* box : boxes) {
+                (box->isReadOnly() ? figures : settings) << box;
+        QCOMPARE(settings.size(), 9);
+        QCOMPARE(figures.size(), 21);  // 15 of the position, 6 of the next trades
+        for (QLineEdit* box : settings) {
             box->clear();
             QTest::keyClicks(box, QStringLiteral("1a2.5x"));
             QCOMPARE(box->text(), QStringLiteral("12.5"));
         }
+        for (QLineEdit* box : figures) QVERIFY2(!(box->focusPolicy() & Qt::TabFocus), qPrintable(box->objectName()));
         // What is typed is what the state holds.
         QCOMPARE(m_program->module<EquityManager>().txtbegincash.text, QStringLiteral("12.5"));
     }

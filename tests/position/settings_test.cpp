@@ -106,7 +106,7 @@ TEST_F(SettingsTest, WebSettingLoadsEveryTab) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(SettingsTest, ApplyOnTheFirstTabShiftsTheColumnsAndOkWritesThemRight) {
+TEST_F(SettingsTest, KeptApplyOnTheFirstTabShiftsTheColumnsAndOkWritesThemRight) {
     struct Expected {
         const char* column;
         double afterApply;
@@ -144,7 +144,7 @@ TEST_F(SettingsTest, ApplyOnTheFirstTabShiftsTheColumnsAndOkWritesThemRight) {
     EXPECT_TRUE(m_prompt.asked().isEmpty());
 }
 
-TEST_F(SettingsTest, ApplySavesTheOpenTabAlone) {
+TEST_F(SettingsTest, KeptApplySavesTheOpenTabAloneAndOkAllButQuick) {
     WebSetting& web = m_program.module<WebSetting>();
     web.Form_Load();
     web.txtmsell.text = QStringLiteral("9999");
@@ -169,7 +169,7 @@ TEST_F(SettingsTest, ApplySavesTheOpenTabAlone) {
     EXPECT_EQ(usersColumns({"MinTradeSell", "QUICK"}), (QVariantList{9999.0, 1.0}));
 }
 
-TEST_F(SettingsTest, WebSettingOkLogsATextTheStoreCantTake) {
+TEST_F(SettingsTest, KeptWebSettingLogsUnderTheNameWeb) {
     WebSetting& web = m_program.module<WebSetting>();
     web.Form_Load();
     web.txtmsell.text = QStringLiteral("abc");
@@ -180,7 +180,7 @@ TEST_F(SettingsTest, WebSettingOkLogsATextTheStoreCantTake) {
     EXPECT_EQ(usersColumns({"MinTradeSell", "MinTradeBuy"}), (QVariantList{1000.0, 1300.0}));
 }
 
-TEST_F(SettingsTest, ModelAppendsItsSuffixButConservativeIsOutOfReach) {
+TEST_F(SettingsTest, KeptModelAppendsItsSuffixButConservativeIsOutOfReach) {
     struct Case {
         int option;  // -1: none chosen
         QString name;

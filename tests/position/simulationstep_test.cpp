@@ -33,6 +33,7 @@ protected:
 // Half the money in 500 shares at 100, half in cash; both resistances 10.
 TEST_F(SimulationStepTest, DaysOfARun) {
     struct Day {
+        const char* name;
         double close;
         // Expected after the day.
         QString verdict;
@@ -45,18 +46,18 @@ TEST_F(SimulationStepTest, DaysOfARun) {
     };
     const Day days[] = {
         // Nothing to do: the next sell at 113.33 for 9 shares, the next buy at 89.09 for 11.
-        {100, "HOLD", 50000, 500, 100, 50000, 0, 0, "9", "113", "11", "89"},
+        {"Hold", 100, "HOLD", 50000, 500, 100, 50000, 0, 0, "9", "113", "11", "89"},
         // 8500 over the margin: 65.38 shares, rounded to 65.
-        {130, "SELL", 58450, 435, 95.52f, 50000, 1, 0, "65", "130", "10", "102"},
+        {"KeptCostCutToItsText", 130, "SELL", 58450, 435, 95.52f, 50000, 1, 0, "65", "130", "10", "102"},
         // 11720 under: 146.5 shares, rounded to the even 146; PortControl up by half the amount.
-        {80, "BUY", 46770, 581, 91.62f, 55840, 1, 1, "8", "130", "146", "80"},
-        // The threshold has grown to 1116.8, and nothing reaches it.
-        {90, "BUY", 46770, 581, 91.62f, 55840, 1, 1, "9", "109", "12", "86"},
+        {"KeptSharesRoundHalvesToEven", 80, "BUY", 46770, 581, 91.62f, 55840, 1, 1, "8", "130", "146", "80"},
+        // The threshold has grown to 1116.8, and nothing reaches it; the next trades are on 1000.
+        {"KeptNextTradesOnAFixed1000", 90, "BUY", 46770, 581, 91.62f, 55840, 1, 1, "9", "109", "12", "86"},
     };
     loadHistory({100, 130, 80, 90});
     em().txtbegcash.text = QStringLiteral("50000");
     for (const Day& d : days) {
-        SCOPED_TRACE(d.close);
+        SCOPED_TRACE(d.name);
         nextDay();
         EXPECT_EQ(em().lbladvise.caption, d.verdict);
         EXPECT_EQ(values().simcash, d.simcash);

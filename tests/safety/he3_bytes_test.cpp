@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(
         WorkedCase{"aab", QByteArray("aab"),
                    bytesOf({72, 69, 51, 13, 0x62, 3, 0, 0, 0, 2, 0, 97, 1, 98, 1, 0x02, 0x04})},
         // Four 2-bit codes: both streams end on a byte edge, so the data closes with a 0 byte.
-        WorkedCase{"abcd_byte_edges", QByteArray("abcd"),
+        WorkedCase{"KeptClosingZeroByteOnAByteEdge", QByteArray("abcd"),
                    bytesOf({72, 69, 51, 13, 0x04, 4, 0, 0, 0, 4, 0, 97, 2, 98, 2, 99, 2, 100, 2, 0xD8, 0xD8, 0x00})},
         // Codes 0, 11, 100, 101: nine code bits spill into a second byte.
         WorkedCase{"ties", bytesOf({0, 0, 0, 1, 1, 1, 2, 3}),

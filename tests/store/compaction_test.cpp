@@ -40,7 +40,7 @@ protected:
         addSampleData(store.db);
         // Rows written and removed again leave free pages for the compaction to drop.
         {
-            Transaction work(store.db);
+            Transaction work(store.db, QStringLiteral("Test"));
             for (int i = 0; i < 400; ++i)
                 store.db.execute(
                     QStringLiteral("insert into simulation (date, Close, EquitySymbol) values (#1/3/2005#, %1, 'INFY')")

@@ -110,10 +110,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Transaction, OuterDecidesForTheInnerOnes) {
     ScratchDatabase store;
     {
-        Transaction outer(store.db);
+        Transaction outer(store.db, QStringLiteral("Test"));
         store.db.execute(QStringLiteral("insert into compare (EquitySymbol) values ('A')"));
         {
-            Transaction inner(store.db);
+            Transaction inner(store.db, QStringLiteral("Test"));
             store.db.execute(QStringLiteral("insert into compare (EquitySymbol) values ('B')"));
             inner.commit();
         }
@@ -122,9 +122,9 @@ TEST(Transaction, OuterDecidesForTheInnerOnes) {
     EXPECT_EQ(store.db.rowCount(QStringLiteral("compare")), 0);
 
     {
-        Transaction outer(store.db);
+        Transaction outer(store.db, QStringLiteral("Test"));
         {
-            Transaction inner(store.db);
+            Transaction inner(store.db, QStringLiteral("Test"));
             store.db.execute(QStringLiteral("insert into compare (EquitySymbol) values ('C')"));
         }
         outer.commit();
@@ -136,7 +136,7 @@ TEST(Transaction, RollbackIsSeenByAnOpenRecordset) {
     ScratchDatabase store;
     const auto users = store.db.openRecordset(QStringLiteral("users"));
     {
-        Transaction work(store.db);
+        Transaction work(store.db, QStringLiteral("Test"));
         store.db.execute(QStringLiteral("update users set BuyFee = 1.5"));
         EXPECT_EQ(users->field(QStringLiteral("BuyFee")), Variant(1.5));
     }
@@ -146,7 +146,7 @@ TEST(Transaction, RollbackIsSeenByAnOpenRecordset) {
 TEST(Transaction, CommittedWorkIsInTheFile) {
     ScratchDatabase store;
     {
-        Transaction work(store.db);
+        Transaction work(store.db, QStringLiteral("Test"));
         for (int i = 0; i < 100; ++i)
             store.db.execute(QStringLiteral("insert into simulation (date, Close) values (#1/3/2005#, %1)").arg(i));
         work.commit();

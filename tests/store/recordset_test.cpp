@@ -278,7 +278,7 @@ TEST_F(RecordsetTest, AliasedColumnsWriteToTheirTableColumns) {
 }
 
 // users stays open on its row for the whole run while screens write the settings elsewhere.
-TEST_F(RecordsetTest, KeptRecordsetSeesChangesMadeElsewhere) {
+TEST_F(RecordsetTest, OpenRecordsetSeesChangesMadeElsewhere) {
     const auto users = store.db.openRecordset(QStringLiteral("users"));
     EXPECT_EQ(users->field(QStringLiteral("MinTradeBuy")), Variant(1000.0));
     store.db.execute(QStringLiteral("update users set MinTradeBuy = 2500"));

@@ -2,6 +2,7 @@
 
 #include "runtime/vbdate.h"
 #include "store/dberrors.h"
+#include "store/journal.h"
 #include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
@@ -218,8 +219,12 @@ TEST(Schema, EveryTableIsMadeWithItsColumns) {
         expected << table.name;
         EXPECT_EQ(store.db.openRecordset(table.name)->fieldCount(), static_cast<int>(table.columns.size()));
     }
-    EXPECT_EQ(store.db.tableNames(), expected);
     EXPECT_EQ(expected.size(), 12);
+    // The journal's tables follow the program's.
+    expected << QStringLiteral("journal");
+    for (const QString& table : journaledTables()) expected << QStringLiteral("journal_") + table;
+    expected << QStringLiteral("journal_now");
+    EXPECT_EQ(store.db.tableNames(), expected);
 }
 
 }  // namespace

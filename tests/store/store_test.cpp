@@ -63,7 +63,7 @@ TEST_F(StoreTest, CalledAgainWhileOpenReopensTheRecordsets) {
     EXPECT_TRUE(prompt.asked().isEmpty());
 }
 
-TEST_F(StoreTest, MissingTableIsReportedAndTheNextStepsRun) {
+TEST_F(StoreTest, KeptMissingUnreadTableIsReportedAndTheNextStepsRun) {
     store.connection();
     store.database().execute(QStringLiteral("drop table bank"));
     store.database().execute(QStringLiteral("insert into simulation (date, Close) values (#1/3/2005#, 1.5)"));

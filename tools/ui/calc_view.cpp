@@ -15,6 +15,7 @@ calc::calc(QWidget* parent) : QWidget(parent) {
     m_txtdisplay = new QLineEdit(m_calculator.display(), this);
     m_txtdisplay->setObjectName(QStringLiteral("txtdisplay"));
     m_txtdisplay->setReadOnly(true);
+    m_txtdisplay->setFocusPolicy(Qt::ClickFocus);
     m_txtdisplay->setAlignment(Qt::AlignRight);
     m_txtdisplay->setFocusPolicy(Qt::NoFocus);
     QFont big = m_txtdisplay->font();

@@ -1,8 +1,10 @@
 #include "tools/ui/keyboard_help_view.h"
 
 #include <QHeaderView>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "tools/keyboard_help.h"
 
@@ -28,7 +30,12 @@ FRM_KEYBOARD_HELP::FRM_KEYBOARD_HELP(QWidget* parent) : QWidget(parent) {
     grid->horizontalHeader()->setStretchLastSection(true);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(grid);
-    resize(560, 460);
+    // Wide enough for both columns whole, the descriptions too.
+    const QMargins margins = layout->contentsMargins();
+    const int columns = grid->horizontalHeader()->length() + 2 * grid->frameWidth() +
+                        grid->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
+    // A child window of the frame takes its widget's least size, not the size it was given.
+    setMinimumSize(std::max(560, columns), 460);
 }
 
 }  // namespace ostravel
