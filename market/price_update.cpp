@@ -179,7 +179,7 @@ void updateprice(Program& program) {
                     return false;
                 }
                 {
-                    Transaction unit(db);
+                    Transaction unit(db, QStringLiteral("Update Price"));
                     equity->edit();
                     equity->setField(QStringLiteral("LastTradePrice"),
                                      equity->field(QStringLiteral("CurrentQuotePrice")));
@@ -236,7 +236,7 @@ void cmdupdate_Click(Program& program) {
     quote.setSymbol(symbols);
     Database& db = program.store().database();
     {
-        Transaction unit(db);
+        Transaction unit(db, QStringLiteral("Update All Prices"));
         for (int r = 1; r <= tables.QuoteRows && std::size_t(r) < tables.QuoteTable.size(); ++r) {
             const QuoteRow row = tables.QuoteTable[std::size_t(r)];
             writeQuote(program,
@@ -281,7 +281,7 @@ void UpdatePricesFromDayFiles(Program& program) {
 
     QStringList missing;
     {
-        Transaction unit(db);
+        Transaction unit(db, QStringLiteral("Update Prices from Day Files"));
         for (const QString& symbol : symbols) {
             const auto found = closes.find(symbol);
             if (found == closes.end()) {
