@@ -23,6 +23,9 @@
 #include "ledger/ui/newholding_view.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "ledger/ui/trade_view.h"
+#include "market/price_update.h"
+#include "market/ui/frmdma_view.h"
+#include "market/ui/technical_view.h"
 #include "position/advice.h"
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
@@ -127,6 +130,21 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         QTimer::singleShot(0, chart, &FrmMainForm::loadHistory);
     });
     installLedgerRequests(program);
+
+    // The screeners of market data, each one window: frmdma loads its quotes as it opens.
+    screens.setOpener(QStringLiteral("frmdma"), [&frame, &program] {
+        bool made = false;
+        auto* screen = static_cast<FrmDmaForm*>(frame.showSingleChild(QStringLiteral("frmdma"), [&] {
+            made = true;
+            return new FrmDmaForm(program);
+        }));
+        if (made)
+            screen->load();
+    });
+    screens.setOpener(QStringLiteral("Technical"), [&frame, &program] {
+        frame.showSingleChild(QStringLiteral("Technical"), [&program] { return new TechnicalForm(program); });
+    });
+    installPriceUpdate(program);
     AdviceValues& advice = program.module<AdviceValues>();
     advice.showPortfolioexplorer = [&screens] { screens.show(QStringLiteral("Portfolioexplorer")); };
     advice.focusCmbequityname = [&frame] {

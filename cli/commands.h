@@ -13,5 +13,7 @@ int history(const QStringList& args);
 int bhav(const QStringList& args);
 int indicators(const QStringList& args);
 int chart(const QStringList& args);
+int quote(const QStringList& args);
+int technical(const QStringList& args);
 
 }  // namespace ostravel::cli

@@ -20,6 +20,8 @@ int usage() {
            "       ostravel-cli [--folder DIR] advise --portfolio P --symbol S [--price X]\n"
            "       ostravel-cli [--folder DIR] history save|load|fetch|import --symbol S ...\n"
            "       ostravel-cli [--folder DIR] bhav import FILE...\n"
+           "       ostravel-cli [--folder DIR] quote CODE[+CODE...]\n"
+           "       ostravel-cli [--folder DIR] technical --date YYYY-MM-DD gainers|lossers|volume\n"
            "       ostravel-cli [--folder DIR] indicators --symbol S --name NAME\n"
            "       ostravel-cli [--folder DIR] chart --symbol S --out FILE.png [--width W --height H]\n";
     return 2;
@@ -52,9 +54,14 @@ int main(int argc, char** argv) {
         return usage();
 
     const std::map<QString, std::function<int(const QStringList&)>> commands = {
-        {QStringLiteral("info"), ostravel::cli::info},     {QStringLiteral("he3"), ostravel::cli::he3},
-        {QStringLiteral("advise"), ostravel::cli::advise}, {QStringLiteral("history"), ostravel::cli::history},
-        {QStringLiteral("bhav"), ostravel::cli::bhav},     {QStringLiteral("indicators"), ostravel::cli::indicators},
+        {QStringLiteral("info"), ostravel::cli::info},
+        {QStringLiteral("he3"), ostravel::cli::he3},
+        {QStringLiteral("advise"), ostravel::cli::advise},
+        {QStringLiteral("history"), ostravel::cli::history},
+        {QStringLiteral("bhav"), ostravel::cli::bhav},
+        {QStringLiteral("quote"), ostravel::cli::quote},
+        {QStringLiteral("technical"), ostravel::cli::technical},
+        {QStringLiteral("indicators"), ostravel::cli::indicators},
         {QStringLiteral("chart"), ostravel::cli::chart},
     };
     const auto found = commands.find(args.front());
