@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTime>
 #include <QTimer>
 #include <QToolBar>
 #include <algorithm>
@@ -22,6 +23,7 @@
 #include "app/help_window.h"
 #include "app/quick_view.h"
 #include "app/screen_openers.h"
+#include "charts/frmmain.h"
 #include "context/menu_tree.h"
 #include "context/posform.h"
 #include "context/program.h"
@@ -31,6 +33,9 @@
 #include "ledger/portfolioexplorer.h"
 #include "market/gethistory.h"
 #include "market/history.h"
+#include "market/price_update.h"
+#include "market/scroller/ui/msgscroller_view.h"
+#include "market/ticker.h"
 #include "market/ui/market_actions.h"
 #include "position/ui/websetting_view.h"
 #include "safety/ui/backup_view.h"
@@ -142,9 +147,9 @@ void MDIForm1View::buildCoolBar() {
     for (const auto& [name, caption] : buttons) {
         auto* button = new QPushButton(QString::fromUtf8(caption), bar);
         button->setObjectName(QString::fromUtf8(name));
-        button->setEnabled(name != std::string_view("cmdticker"));
         bar->addWidget(button);
     }
+    buildTicker(bar);
     auto* updateHistory = bar->findChild<QPushButton*>(QStringLiteral("cmdupdatehistory"));
     connect(updateHistory, &QPushButton::clicked, this, [this] {
         runUpdateHistory(m_program, this);
@@ -160,6 +165,7 @@ void MDIForm1View::buildCoolBar() {
     m_cdmrunsimulation = bar->findChild<QPushButton*>(QStringLiteral("cdmrunsimulation"));
     connect(m_Command1, &QPushButton::clicked, this, [this] { getHistoryOnFrame(m_program, this); });
     connect(m_cdmrunsimulation, &QPushButton::clicked, this, [this] { runSimulationOnFrame(m_program, this); });
+    m_program.module<PriceUpdate>().focusCmbportfolio = [this] { m_cmbportfolio->setFocus(); };
 
     connect(m_cmbportfolio, &QComboBox::currentTextChanged, this, [this](const QString& text) {
         m_program.frame().cmbportfolio.text = text;
@@ -176,6 +182,44 @@ void MDIForm1View::buildCoolBar() {
         m_program.frame().cmbequity_Change();
         refresh();
     });
+}
+
+void MDIForm1View::buildTicker(QToolBar* bar) {
+    Ticker& ticker = m_program.module<Ticker>();
+    m_MsgScroller1 = new MsgScrollerView(ticker.MsgScroller1, bar);
+    m_MsgScroller1->setMinimumWidth(320);
+    m_MsgScroller1->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_tickerAction = bar->addWidget(m_MsgScroller1);
+    m_tickerAction->setVisible(false);
+    m_Timer1 = new QTimer(this);
+    m_Timer1->setObjectName(QStringLiteral("Timer1"));
+    connect(m_Timer1, &QTimer::timeout, this, [this] {
+        Timer1_Timer(m_program, QTime::currentTime().minute());
+        showTicker();
+    });
+    auto* button = bar->findChild<QPushButton*>(QStringLiteral("cmdticker"));
+    connect(button, &QPushButton::clicked, this, [this] {
+        cmdticker_Click(m_program);
+        showTicker();
+        refresh();
+    });
+    connect(m_MsgScroller1, &MsgScrollerView::HotSpotClick, this, [this](int index) {
+        MsgScroller1_HotSpotClick(m_program, index);
+        refresh();
+    });
+}
+
+void MDIForm1View::showTicker() {
+    const Ticker& ticker = m_program.module<Ticker>();
+    findChild<QPushButton*>(QStringLiteral("cmdticker"))->setText(ticker.cmdticker);
+    m_tickerAction->setVisible(ticker.MsgScroller1Visible);
+    if (ticker.Timer1Enabled && ticker.Timer1Interval > 0) {
+        if (!m_Timer1->isActive() || m_Timer1->interval() != ticker.Timer1Interval)
+            m_Timer1->start(ticker.Timer1Interval);
+    } else {
+        m_Timer1->stop();
+    }
+    m_MsgScroller1->sync();
 }
 
 void MDIForm1View::buildStatusBar() {
@@ -234,6 +278,24 @@ void MDIForm1View::connectMenu() {
         runGetHistoryAll(m_program, this);
         refresh();
     });
+    connect(action(QStringLiteral("StockPriceChart")), &QAction::triggered, this, [this] {
+        if (StockPriceChart_Click(m_program))
+            m_program.module<Screens>().show(QStringLiteral("frmMain"));
+    });
+    connect(action(QStringLiteral("UpdatePricesViaInternet")), &QAction::triggered, this, [this] {
+        selectportfolio(m_program);
+        m_program.module<Screens>().show(QStringLiteral("Portfolioexplorer"));
+        updateprice(m_program);
+        refresh();
+    });
+    connect(action(QStringLiteral("mnudayfileprices")), &QAction::triggered, this, [this] {
+        UpdatePricesFromDayFiles(m_program);
+        refresh();
+    });
+    connect(action(QStringLiteral("mnudmA")), &QAction::triggered, this,
+            [this] { m_program.module<Screens>().show(QStringLiteral("frmdma")); });
+    connect(action(QStringLiteral("mnutechnical")), &QAction::triggered, this,
+            [this] { m_program.module<Screens>().show(QStringLiteral("Technical")); });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     connect(action(QStringLiteral("ViewHistoricaldata")), &QAction::triggered, this,
             [this] { m_program.module<Screens>().show(QStringLiteral("frmtradehistory")); });

@@ -12,9 +12,12 @@ class QComboBox;
 class QLabel;
 class QMdiArea;
 class QPushButton;
+class QTimer;
+class QToolBar;
 
 namespace ostravel {
 
+class MsgScrollerView;
 class Program;
 struct MenuItem;
 
@@ -42,6 +45,9 @@ private:
     void buildMenus();
     void addMenuItems(QWidget* menu, const QList<MenuItem>& items);
     void buildCoolBar();
+    void buildTicker(QToolBar* bar);
+    // Mirrors the ticker's state: the button's caption, the strip, Timer1.
+    void showTicker();
     void buildStatusBar();
     void updatePanels();
     void connectMenu();
@@ -57,6 +63,9 @@ private:
     QPushButton* m_Command1 = nullptr;  // "Get History"
     QPushButton* m_cdmrunsimulation = nullptr;
     std::array<QLabel*, 6> m_panels{};
+    MsgScrollerView* m_MsgScroller1 = nullptr;
+    QAction* m_tickerAction = nullptr;
+    QTimer* m_Timer1 = nullptr;
     bool m_exiting = false;
 };
 

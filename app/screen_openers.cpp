@@ -1,11 +1,15 @@
 #include "app/screen_openers.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTimer>
 #include <functional>
 
 #include "app/mdiform1_view.h"
+#include "charts/ui/frmmain_view.h"
 #include "context/program.h"
 #include "context/screens.h"
 #include "ledger/frmsplit.h"
@@ -19,6 +23,9 @@
 #include "ledger/ui/newholding_view.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "ledger/ui/trade_view.h"
+#include "market/price_update.h"
+#include "market/ui/frmdma_view.h"
+#include "market/ui/technical_view.h"
 #include "position/advice.h"
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
@@ -120,11 +127,36 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         SettingForm dialog(program, &frame);
         dialog.exec();
     });
+    // The chart: a new window on the stock in work each time; the one open before goes. Its
+    // history loads once the window shows.
+    screens.setOpener(QStringLiteral("frmMain"), [&frame, &program] {
+        for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+            if (sub->widget() && sub->widget()->objectName() == QLatin1String("frmMain"))
+                sub->close();
+        auto* chart = new FrmMainForm(program, [&frame] { frame.action(QStringLiteral("Exit"))->trigger(); });
+        frame.showChild(chart);
+        QTimer::singleShot(0, chart, &FrmMainForm::loadHistory);
+    });
     installLedgerRequests(program);
     installSimulationRequests(program, &frame);
     screens.setOpener(QStringLiteral("frmtradehistory"), [&frame, &program] {
         frame.showSingleChild(QStringLiteral("frmtradehistory"), [&program] { return new TradeHistoryForm(program); });
     });
+
+    // The screeners of market data, each one window: frmdma loads its quotes as it opens.
+    screens.setOpener(QStringLiteral("frmdma"), [&frame, &program] {
+        bool made = false;
+        auto* screen = static_cast<FrmDmaForm*>(frame.showSingleChild(QStringLiteral("frmdma"), [&] {
+            made = true;
+            return new FrmDmaForm(program);
+        }));
+        if (made)
+            screen->load();
+    });
+    screens.setOpener(QStringLiteral("Technical"), [&frame, &program] {
+        frame.showSingleChild(QStringLiteral("Technical"), [&program] { return new TechnicalForm(program); });
+    });
+    installPriceUpdate(program);
     AdviceValues& advice = program.module<AdviceValues>();
     advice.showPortfolioexplorer = [&screens] { screens.show(QStringLiteral("Portfolioexplorer")); };
     advice.focusCmbequityname = [&frame] {

@@ -7,6 +7,8 @@
 
 #include "context/program.h"
 #include "context/version.h"
+#include "market/connectivity.h"
+#include "market/ui/frmnewsbar_view.h"
 #include "runtime/trap.h"
 
 namespace ostravel {
@@ -39,8 +41,11 @@ frmSplash::frmSplash(Program& program, QWidget* parent) : QWidget(parent, Qt::Sp
     QApplication::setOverrideCursor(Qt::WaitCursor);
     m_Timer1.setSingleShot(true);
     m_Timer1.setInterval(2000);
-    connect(&m_Timer1, &QTimer::timeout, this, [this] {
+    connect(&m_Timer1, &QTimer::timeout, this, [this, &program] {
         Q_EMIT showFrame();
+        // The news runs across the screen once when there is a connection to bring it.
+        if (CheckInternetConnection(program.prompt()) == -1)
+            showNewsBar();
         unload();
     });
     m_Timer1.start();

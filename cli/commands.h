@@ -12,5 +12,9 @@ int advise(const QStringList& args);
 int history(const QStringList& args);
 int bhav(const QStringList& args);
 int simulate(const QStringList& args);
+int indicators(const QStringList& args);
+int chart(const QStringList& args);
+int quote(const QStringList& args);
+int technical(const QStringList& args);
 
 }  // namespace ostravel::cli

@@ -1,6 +1,7 @@
 #include "cli/headless_prompt.h"
 
 #include <QTextStream>
+#include <cstdlib>
 
 #include "position/advice.h"
 
@@ -25,6 +26,11 @@ Answer HeadlessPrompt::message(const QString& text, Buttons buttons, Icon, const
 
 std::optional<QString> HeadlessPrompt::input(const QString& text, const QString&, const QString&) {
     return text == kWhatIfPrompt ? whatIfPrice : std::nullopt;
+}
+
+HeadlessRun::HeadlessRun(const QString& symbol) : m_program(m_prompt, [] { std::exit(1); }) {
+    m_program.store().connection();
+    m_program.frame().cmbequity = symbol;
 }
 
 }  // namespace ostravel::cli

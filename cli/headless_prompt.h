@@ -1,9 +1,10 @@
 // The prompt of a run without a user: every box is printed to stderr and answered with its
-// default button; dialogs are cancelled.
+// default button; dialogs are cancelled. And the program run on a folder with it.
 #pragma once
 
 #include <optional>
 
+#include "context/program.h"
 #include "runtime/prompt.h"
 
 namespace ostravel::cli {
@@ -20,6 +21,17 @@ public:
     std::optional<QString> chooseFolder(const QString&, const QString&) override { return {}; }
     std::optional<std::uint32_t> chooseColour(std::uint32_t) override { return {}; }
     std::optional<FontChoice> chooseFont(const FontChoice&) override { return {}; }
+};
+
+// The program on the folder, its store open and the stock in work chosen.
+class HeadlessRun {
+public:
+    explicit HeadlessRun(const QString& symbol);
+    Program& program() { return m_program; }
+
+private:
+    HeadlessPrompt m_prompt;
+    Program m_program;
 };
 
 }  // namespace ostravel::cli

@@ -2,7 +2,6 @@
 // day-file store, headless.
 #include <QFile>
 #include <QTextStream>
-#include <cstdlib>
 #include <optional>
 
 #include "cli/commands.h"
@@ -36,20 +35,6 @@ int usage() {
     QTextStream(stderr) << kUsage;
     return 2;
 }
-
-// The program on the folder, its store open and the stock in work chosen.
-class HeadlessRun {
-public:
-    explicit HeadlessRun(const QString& symbol) : m_program(m_prompt, [] { std::exit(1); }) {
-        m_program.store().connection();
-        m_program.frame().cmbequity = symbol;
-    }
-    Program& program() { return m_program; }
-
-private:
-    HeadlessPrompt m_prompt;
-    Program m_program;
-};
 
 QString shortest(double value) {
     return QString::number(value, 'g', QLocale::FloatingPointShortest);

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 
 #include "context/gridformat.h"
 #include "context/mainframe.h"
@@ -58,8 +59,9 @@ public:
 
     Button Command1{QStringLiteral("Get Advise"), QStringLiteral("Click to get advise on this Holding")};
     Button cmdadd{QStringLiteral("Add New Holding"), QStringLiteral("Add New Holding to the portfolio")};
-    // The price update comes later: its button waits disabled.
+    // The price update is market data's: its button waits disabled until that sets the hook.
     Button cmdupdate{QStringLiteral("Update All Prices"), QStringLiteral("Update price via Internet or Manual"), false};
+    std::function<void()> updateAllPrices;
     Button cmdcreate{QStringLiteral("Create Portfolio"), {}};
 
     // The click on a line of the overview (row 0 is the heading): its symbol becomes the

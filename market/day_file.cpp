@@ -57,6 +57,10 @@ DayFile parseDayFile(const QByteArray& text) {
     return file;
 }
 
+QString dayTimestamp(const QDate& day) {
+    return QStringLiteral("%1-%2-%3").arg(day.day(), 2, 10, QLatin1Char('0')).arg(upperMonth(day)).arg(day.year());
+}
+
 QString dayFileName(const QDate& day) {
     return QStringLiteral("cm%1%2%3bhav.csv")
         .arg(day.day(), 2, 10, QLatin1Char('0'))

@@ -33,6 +33,9 @@ DayFile parseDayFile(const QByteArray& text);
 // True when the text starts like a day file, so that an error page is never kept as one.
 bool looksLikeDayFile(const QByteArray& text);
 
+// The day as the files write it in TIMESTAMP, and the store keeps it: "24-MAR-2021".
+QString dayTimestamp(const QDate& day);
+
 // The exchange's name of the day's file, "cm23MAR2021bhav.csv", and its path on the bhav host.
 QString dayFileName(const QDate& day);
 QString dayFilePath(const QDate& day);

@@ -6,10 +6,13 @@
 #include <QDate>
 #include <QString>
 #include <QStringList>
+#include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "market/day_file.h"
+#include "runtime/variant.h"
 
 namespace ostravel {
 
@@ -24,6 +27,22 @@ public:
     // that is already there is passed over. Returns the rows added. Raises on failure, and then
     // nothing of the call is kept.
     long long load(const DayFile& day);
+
+    // The rows of a query, numbers as doubles, texts as texts, missing values as Null.
+    using Rows = std::vector<std::vector<Variant>>;
+    virtual Rows select(const QString& sql) = 0;
+    virtual bool hasYear(int year) = 0;
+    // The index by day that the screeners' statements want; the load makes it for a new table.
+    void indexDays(int year);
+
+    // Each symbol's latest close in the store, the day's EQ row before another series; a symbol
+    // the last two years' tables don't hold is left out.
+    struct Close {
+        double close = 0;
+        double volume = 0;  // TOTTRDQTY
+        QDate day;
+    };
+    std::map<QString, Close> latestCloses(const QStringList& symbols);
 
 protected:
     // The engine's part: a statement, the year of the latest year's table (0: none), the

@@ -2,6 +2,7 @@
 // PostgreSQL password file, as libpq reads it.
 #include <libpq-fe.h>
 
+#include <QRegularExpression>
 #include <memory>
 
 #include "market/day_store.h"
@@ -16,6 +17,11 @@ struct ResultDeleter {
     void operator()(PGresult* result) const { PQclear(result); }
 };
 using Result = std::unique_ptr<PGresult, ResultDeleter>;
+
+// The server's type numbers of int2, int4, int8, float4, float8 and numeric.
+bool isNumberType(Oid type) {
+    return type == 20 || type == 21 || type == 23 || type == 700 || type == 701 || type == 1700;
+}
 
 class PostgresDayStore : public DayStore {
 public:
@@ -35,6 +41,37 @@ public:
             fail();
     }
     ~PostgresDayStore() override { PQfinish(m_connection); }
+
+    Rows select(const QString& sql) override {
+        // The statements name a year's table as [2021], which the server writes "2021".
+        static const QRegularExpression bracketed(QStringLiteral("\\[(\\w+)\\]"));
+        const Result result =
+            exec(QString(sql).replace(bracketed, QStringLiteral("\"\\1\"")).toUtf8(), PGRES_TUPLES_OK);
+        PGresult* r = result.get();
+        Rows rows(std::size_t(PQntuples(r)));
+        const int columns = PQnfields(r);
+        for (int i = 0; i < PQntuples(r); ++i) {
+            for (int c = 0; c < columns; ++c) {
+                const QByteArray value(PQgetvalue(r, i, c));
+                if (PQgetisnull(r, i, c))
+                    rows[std::size_t(i)].push_back(Variant::null());
+                else if (isNumberType(PQftype(r, c)))
+                    rows[std::size_t(i)].emplace_back(value.toDouble());
+                else
+                    rows[std::size_t(i)].emplace_back(QString::fromUtf8(value));
+            }
+        }
+        return rows;
+    }
+
+    bool hasYear(int year) override {
+        const Result table = exec(QStringLiteral("select 1 from information_schema.tables where table_schema = "
+                                                 "current_schema() and table_name = '%1'")
+                                      .arg(year)
+                                      .toUtf8(),
+                                  PGRES_TUPLES_OK);
+        return PQntuples(table.get()) > 0;
+    }
 
 protected:
     void execute(const QString& sql) override { exec(sql.toUtf8(), PGRES_COMMAND_OK); }

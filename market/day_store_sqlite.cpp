@@ -19,6 +19,38 @@ public:
         m_db.run(QStringLiteral("pragma busy_timeout = 5000"));
     }
 
+    Rows select(const QString& sql) override {
+        Rows rows;
+        Statement query = m_db.prepare(sql);
+        sqlite3_stmt* s = query.get();
+        const int columns = sqlite3_column_count(s);
+        while (query.step()) {
+            std::vector<Variant>& row = rows.emplace_back();
+            row.reserve(std::size_t(columns));
+            for (int i = 0; i < columns; ++i) {
+                switch (sqlite3_column_type(s, i)) {
+                    case SQLITE_NULL:
+                        row.push_back(Variant::null());
+                        break;
+                    case SQLITE_INTEGER:
+                    case SQLITE_FLOAT:
+                        row.emplace_back(sqlite3_column_double(s, i));
+                        break;
+                    default:
+                        row.emplace_back(QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, i)),
+                                                           sqlite3_column_bytes(s, i)));
+                }
+            }
+        }
+        return rows;
+    }
+
+    bool hasYear(int year) override {
+        Statement table =
+            m_db.prepare(QStringLiteral("select 1 from sqlite_master where type = 'table' and name = '%1'").arg(year));
+        return table.step();
+    }
+
 protected:
     void execute(const QString& sql) override { m_db.run(sql); }
 

@@ -83,6 +83,11 @@ PortfolioExplorerForm::PortfolioExplorerForm(Program& program, QWidget* parent)
         m_state.cmdadd_Click();
         refreshFrame();
     });
+    connect(m_cmdupdate, &QPushButton::clicked, this, [this] {
+        if (m_state.updateAllPrices)
+            m_state.updateAllPrices();
+        refreshFrame();
+    });
     connect(m_cmdcreate, &QPushButton::clicked, this, [this] {
         m_state.cmdcreate_Click();
         refreshFrame();

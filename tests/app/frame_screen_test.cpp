@@ -35,10 +35,11 @@ private Q_SLOTS:
         QCOMPARE(portfolio->currentText(), QStringLiteral("Simulation"));
         QCOMPARE(frame.windowTitle(), m_program->frame().caption);
 
-        const QStringList order = {
-            QStringLiteral("Command3"),         QStringLiteral("cmbportfolio"),    QStringLiteral("Cmbequityname"),
-            QStringLiteral("cmbequity"),        QStringLiteral("Command1"),        QStringLiteral("cmdupdatehistory"),
-            QStringLiteral("cdmrunsimulation"), QStringLiteral("cmdonlinestatus"), QStringLiteral("cmdticker")};
+        const QStringList order = {QStringLiteral("Command3"),         QStringLiteral("cmbportfolio"),
+                                   QStringLiteral("Cmbequityname"),    QStringLiteral("cmbequity"),
+                                   QStringLiteral("Command1"),         QStringLiteral("cmdupdatehistory"),
+                                   QStringLiteral("cdmrunsimulation"), QStringLiteral("cmdonlinestatus"),
+                                   QStringLiteral("cmdticker"),        QStringLiteral("MsgScroller1")};
         auto* coolbar = frame.findChild<QToolBar*>(QStringLiteral("coolbar1"));
         QStringList shown;
         for (QAction* a : coolbar->actions()) shown << coolbar->widgetForAction(a)->objectName();

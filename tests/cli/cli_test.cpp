@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -89,6 +90,13 @@ QString data(const char* relative) {
     return qEnvironmentVariable("OSTRAVEL_TEST_DATA") + QLatin1Char('/') + QLatin1String(relative);
 }
 
+// A program folder whose hosts.ini names one service.
+bool writeHosts(const QString& folder, const QString& line) {
+    QDir().mkpath(folder);
+    QFile hosts(QDir(folder).filePath(QStringLiteral("hosts.ini")));
+    return hosts.open(QIODevice::WriteOnly) && hosts.write(("[Hosts]\n" + line + "\n").toLatin1()) > 0;
+}
+
 TEST(CliHistory, SavesAnAnswerAndLoadsItBackAsTheProgramReadsIt) {
     QTemporaryDir dir;
     const QString raw = dir.filePath(QStringLiteral("raw.txt"));
@@ -134,11 +142,7 @@ TEST(CliHistory, ImportsByHeaderNamesAndLoadsDayFilesIntoTheStore) {
 TEST(CliHistory, FetchesPagesFromTheServiceAndPrintsTheLastCaption) {
     QTemporaryDir dir;
     ostravel::test::MarketService service(qEnvironmentVariable("OSTRAVEL_TEST_DATA"));
-    QDir().mkpath(dir.path());
-    QFile hosts(dir.filePath(QStringLiteral("hosts.ini")));
-    ASSERT_TRUE(hosts.open(QIODevice::WriteOnly));
-    hosts.write(("[Hosts]\nhistory=" + service.hostPort() + "\n").toLatin1());
-    hosts.close();
+    ASSERT_TRUE(writeHosts(dir.path(), QStringLiteral("history=") + service.hostPort()));
     ASSERT_EQ(cli({"--folder", dir.path(), "info"}).exitCode, 0);
     {
         ostravel::Database database;
@@ -149,6 +153,59 @@ TEST(CliHistory, FetchesPagesFromTheServiceAndPrintsTheLastCaption) {
                           "--to", "2022-12-31"});
     EXPECT_EQ(r.out, QStringLiteral("Got history of RELIANCE From File\n")) << r.err.toStdString();
     EXPECT_EQ(service.requests().size(), 2u);
+}
+
+TEST(CliCharts, IndicatorsPrintEachBarAndAnErrorKeepsTheValuesAsTheyStand) {
+    QTemporaryDir dir;
+    cli({"--folder", dir.path(), "history", "import", "--symbol", "TATAMOTORS", data("history/TATAMOTORS.csv")});
+    const std::pair<const char*, qsizetype> names[] = {{"CCI", 4},   {"MACD", 4}, {"ROC%", 2},  {"RSI", 2},
+                                                       {"STOCH", 4}, {"AVG", 2},  {"EXPAVG", 2}};
+    for (const auto& [name, fields] : names) {
+        const CliRun r = cli({"--folder", dir.path(), "indicators", "--symbol", "TATAMOTORS", "--name", name});
+        ASSERT_EQ(r.exitCode, 0) << name << r.err.toStdString();
+        const QStringList lines = r.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        ASSERT_EQ(lines.size(), 249) << name;
+        EXPECT_EQ(lines.back().split(QLatin1Char(',')).size(), fields) << name;
+        EXPECT_TRUE(lines.front().startsWith(QStringLiteral("0,"))) << name;
+    }
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("Chart.INI"))));
+    // RSI over one bar divides by zero at the first rise: the bars before it are printed as they are.
+    QFile ini(dir.filePath(QStringLiteral("Chart.INI")));
+    ASSERT_TRUE(ini.open(QIODevice::ReadWrite));
+    const QByteArray text = ini.readAll().replace("RsiLen=14", "RsiLen=1");
+    ini.resize(0);
+    ini.write(text);
+    ini.close();
+    const CliRun failed = cli({"--folder", dir.path(), "indicators", "--symbol", "TATAMOTORS", "--name", "RSI"});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_TRUE(failed.err.contains(QStringLiteral("run-time error 11"))) << failed.err.toStdString();
+    EXPECT_TRUE(failed.out.startsWith(QStringLiteral("0,0\n1,0\n")));
+
+    const QString picture = dir.filePath(QStringLiteral("chart.png"));
+    const CliRun drawn = cli({"--folder", dir.path(), "chart", "--symbol", "TATAMOTORS", "--out", picture, "--width",
+                              "640", "--height", "480"});
+    ASSERT_EQ(drawn.exitCode, 0) << drawn.err.toStdString();
+    EXPECT_EQ(QImage(picture).size(), QSize(640, 480));
+    EXPECT_EQ(cli({"--folder", dir.path(), "chart", "--symbol", "NOSUCH", "--out", picture}).exitCode, 1);
+}
+
+TEST(CliMarket, PrintsTheQuoteTableAndTheDayScreenersGrid) {
+    QTemporaryDir dir;
+    ostravel::test::MarketService service(qEnvironmentVariable("OSTRAVEL_TEST_DATA"));
+    ASSERT_TRUE(writeHosts(dir.path(), QStringLiteral("quote=") + service.hostPort()));
+    const CliRun quote = cli({"--folder", dir.path(), "quote", "RELIANCE.NS+TATAMOTORS.NS"});
+    const QStringList lines = quote.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 2) << quote.err.toStdString();
+    EXPECT_TRUE(lines[0].startsWith(QStringLiteral("RELIANCE\t2444.10\t-23.50\t2467.60\t6,287,407\t\t")));
+    EXPECT_EQ(lines[0].split(QLatin1Char('\t')).size(), 12);
+    EXPECT_TRUE(lines[1].startsWith(QStringLiteral("TATAMOTORS\t404.25\t+8.15\t")));
+
+    cli({"--folder", dir.path(), "bhav", "import", data("bhav/cm23MAR2021bhav.csv"), data("bhav/cm24MAR2021bhav.csv")});
+    const CliRun gainers = cli({"--folder", dir.path(), "technical", "--date", "2021-03-24", "gainers"});
+    EXPECT_EQ(gainers.out.count(QLatin1Char('\n')), 485);
+    EXPECT_TRUE(gainers.out.startsWith(QStringLiteral("1\tTATACOMM\t1085.1\t426.8\t154.24\t")))
+        << gainers.out.left(80).toStdString();
+    EXPECT_EQ(cli({"--folder", dir.path(), "technical", "--date", "24/03/2021", "gainers"}).exitCode, 2);
 }
 
 }  // namespace

@@ -60,4 +60,11 @@ QByteArray MarketTest::historyFile(const QString& symbol) const {
     return readTestFile(m_folder.file(QStringLiteral("history/daily/") + symbol + QStringLiteral(".csv")));
 }
 
+void MarketTest::holdGrowth(std::initializer_list<TestHolding> holdings) {
+    Database& db = m_program.store().database();
+    addPortfolio(db, QStringLiteral("Growth"));
+    for (const TestHolding& holding : holdings) addHolding(db, QStringLiteral("Growth"), holding);
+    m_program.frame().cmbportfolio.text = QStringLiteral("Growth");
+}
+
 }  // namespace ostravel::test

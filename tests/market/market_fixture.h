@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include "tests/ledger/holdings.h"
 #include "tests/service/market_service.h"
 #include "tests/support/program_test.h"
 
@@ -25,6 +26,8 @@ protected:
     // The code in work and the period of equitymanager.
     void choose(const QString& code, const QDate& from, const QDate& to);
     QByteArray historyFile(const QString& symbol) const;
+    // The portfolio "Growth" with these holdings, chosen in the main frame.
+    void holdGrowth(std::initializer_list<TestHolding> holdings);
 
     MarketService m_service{testData()};
     QStringList m_captions;

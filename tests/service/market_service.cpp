@@ -147,6 +147,11 @@ void MarketService::route(const QString& pathPrefix, Handler handler) {
     m_routes.insert(m_routes.begin(), {pathPrefix, std::move(handler)});
 }
 
+void MarketService::setQuoteDay(const QDate& day) {
+    const std::lock_guard lock(m_mutex);
+    m_quoteDay = day;
+}
+
 std::vector<ServiceRequest> MarketService::requests() const {
     const std::lock_guard lock(m_mutex);
     return m_requests;
@@ -225,6 +230,11 @@ ServiceReply MarketService::historyPage(const ServiceRequest& request) const {
 }
 
 ServiceReply MarketService::quotes(const ServiceRequest& request) const {
+    QDate quoteDay;
+    {
+        const std::lock_guard lock(m_mutex);
+        quoteDay = m_quoteDay;
+    }
     QByteArray body;
     for (const QString& code : request.value(QStringLiteral("s")).split(QLatin1Char('+'), Qt::SkipEmptyParts)) {
         const std::vector<Bar> bars =
@@ -247,9 +257,10 @@ ServiceReply MarketService::quotes(const ServiceRequest& request) const {
         body += quoted + ',' + QByteArray::number(close(0), 'f', 2) + ",\"" + signedChange + " - " +
                 (change >= 0 ? "+" : "") + QByteArray::number(100 * change / close(1), 'f', 2) + "%\"," + signedChange +
                 ',' + QByteArray::number(close(1), 'f', 2) + ',' + last.fields[5] + ',' +
-                QByteArray::number(average(63, 5), 'f', 0) + ",\"" + last.date.toString("M/d/yyyy").toLatin1() +
-                "\",\"3:30pm\"," + QByteArray::number(average(50, 4), 'f', 2) + ',' +
-                QByteArray::number(average(200, 4), 'f', 2) + ",\"" + stockOf(code).toLatin1() + "\"\r\n";
+                QByteArray::number(average(63, 5), 'f', 0) + ",\"" +
+                (quoteDay.isValid() ? quoteDay : last.date).toString("M/d/yyyy").toLatin1() + "\",\"3:30pm\"," +
+                QByteArray::number(average(50, 4), 'f', 2) + ',' + QByteArray::number(average(200, 4), 'f', 2) + ",\"" +
+                stockOf(code).toLatin1() + "\"\r\n";
     }
     return {httpAnswer(200, "application/octet-stream", body)};
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDate>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -49,6 +50,10 @@ public:
     // A route of its own: the longest matching path prefix wins; later routes go first on a tie.
     void route(const QString& pathPrefix, Handler handler);
 
+    // The last trade date the quotes give: by default the day of the stock's last bar, as a
+    // service answers after the close; a day set here is what it answers during trading.
+    void setQuoteDay(const QDate& day);
+
     std::vector<ServiceRequest> requests() const;
     void clearRequests();
 
@@ -66,6 +71,7 @@ private:
     int m_port = 0;
     int m_stop[2] = {-1, -1};
     std::vector<std::pair<QString, Handler>> m_routes;
+    QDate m_quoteDay;
     std::vector<int> m_held;  // connections that get no answer, closed at the end
     mutable std::mutex m_mutex;
     std::vector<ServiceRequest> m_requests;

@@ -16,15 +16,21 @@ volatile std::sig_atomic_t g_stop = 0;
 int main(int argc, char** argv) {
     QString data = QStringLiteral(OSTRAVEL_TEST_DATA);
     int port = 0;
+    QDate quoteDay;
     for (int i = 1; i + 1 < argc; i += 2) {
         if (std::strcmp(argv[i], "--data") == 0)
             data = QString::fromLocal8Bit(argv[i + 1]);
         else if (std::strcmp(argv[i], "--port") == 0)
             port = std::stoi(argv[i + 1]);
+        else if (std::strcmp(argv[i], "--quote-day") == 0)
+            quoteDay = std::strcmp(argv[i + 1], "today") == 0
+                           ? QDate::currentDate()
+                           : QDate::fromString(QString::fromLatin1(argv[i + 1]), Qt::ISODate);
     }
     std::signal(SIGINT, [](int) { g_stop = 1; });
     std::signal(SIGTERM, [](int) { g_stop = 1; });
     ostravel::test::MarketService service(data, port);
+    service.setQuoteDay(quoteDay);
     std::printf("%s\n", service.hostPort().toLatin1().constData());
     std::fflush(stdout);
     std::size_t logged = 0;
