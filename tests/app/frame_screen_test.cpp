@@ -60,7 +60,7 @@ private Q_SLOTS:
         QVERIFY(frame.action(QStringLiteral("mnucalc"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnykbhelp"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("ViewHistoricaldata"))->isEnabled());
-        QVERIFY(!frame.action(QStringLiteral("StockPriceChart"))->isEnabled());
+        QVERIFY(!frame.action(QStringLiteral("mnubank"))->isEnabled());
         QCOMPARE(frame.action(QStringLiteral("StockPriceChart"))->text(), QStringLiteral("Tecnical Charts"));
         QCOMPARE(frame.action(QStringLiteral("createnewport"))->text(), QStringLiteral("Create &New  Portfolio "));
         QVERIFY(frame.action(QStringLiteral("mnudepositcash")));
