@@ -6,6 +6,7 @@
 #include <random>
 
 #include "charts/indicators/cci.h"
+#include "charts/indicators/exact_quotient.h"
 #include "charts/indicators/expmovavg.h"
 #include "charts/indicators/fmt3.h"
 #include "charts/indicators/macd.h"
@@ -14,6 +15,7 @@
 #include "charts/indicators/rsi.h"
 #include "charts/indicators/stoch.h"
 #include "runtime/vberror.h"
+#include "runtime/vbformat.h"
 #include "tests/support/raised.h"
 
 namespace ostravel::test {
@@ -38,17 +40,49 @@ std::vector<StockRecord> barsOf(const Series& highs, const Series& lows, const S
     return bars;
 }
 
-TEST(Fmt3, AgreesWithTheTextRoundingOnTiesAndOnRandomValuesOneOrSeveralAtATime) {
-    Series values = {0.0005, -0.0005, 1.0005, 2.675, 10.0015, 425.4375, 1e-20, -1e-17, 123456789.0125, 5e11, 0};
+TEST(Fmt3, GivesTheTextsNumberBitForBitOnTiesAndOnRandomValuesOneOrSeveralAtATime) {
+    Series values = {0.0005,         -0.0005, 1.0005,  2.675, 10.0015,        425.4375,       1e-20,           -1e-17,
+                     123456789.0125, 5e11,    0,       -0.0,  999999999.9995, 999999999.9985, -999999999.9994, 1e9,
+                     4e9 + 0.0625,   0.0625,  -6.0625, 1e300};
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> any(-20000, 20000);
+    std::uniform_real_distribution<double> digits(-9, 9);
     for (int i = 0; i < 20000; ++i) values.push_back(any(random));
-    for (int i = 0; i < 2000; ++i) values.push_back(std::round(any(random) * 1000) / 1000 + 0.0005);
+    for (int i = 0; i < 20000; ++i) values.push_back(static_cast<float>(std::pow(10.0, digits(random))));
+    for (int i = 0; i < 2000; ++i) {
+        const double tie = std::round(any(random) * 1000) / 1000 + 0.0005;
+        values.insert(values.end(), {tie, std::nextafter(tie, 1e300), std::nextafter(tie, -1e300)});
+    }
     Series many = values;
     fmt3Many(many.data(), many.data(), many.size());  // in place, a tie among every few
     for (std::size_t i = 0; i < values.size(); ++i) {
-        EXPECT_EQ(Fmt3(values[i]), roundHalfAway(values[i], 3)) << values[i];
-        EXPECT_EQ(many[i], roundHalfAway(values[i], 3)) << values[i];
+        const auto text = std::bit_cast<std::uint64_t>(Val(formatNumber(values[i], QStringLiteral("#.000"))));
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(Fmt3(values[i])), text) << values[i];
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(many[i]), text) << values[i];
+    }
+    // A sum beyond a single's range, or of such sums, is no number the text could show.
+    for (const double value : {HUGE_VAL, -HUGE_VAL, std::nan("")})
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(Fmt3(value)), std::bit_cast<std::uint64_t>(value));
+}
+
+TEST(ExactQuotient, IsTheDivisionBitForBitWithinItsBounds) {
+    std::mt19937_64 random(11);
+    // Whole thousandths below 2^40, and sums of singles over periods up to 2^15 bars.
+    for (const auto& [divisor, headBits, edge] : {std::tuple(1000.0, 13, 0x1p40 - 1),
+                                                  {3.0, 29, 0x1.fffffep127},
+                                                  {21.0, 29, 0x1p-149},
+                                                  {4.0, 29, HUGE_VAL},
+                                                  {32767.0, 29, 1.0}}) {
+        const ExactQuotient quotient(divisor, headBits);
+        Series dividends = {0.0, -0.0, edge, -edge, std::nan("")};
+        for (int i = 0; i < 100000; ++i)
+            dividends.push_back(headBits == 13
+                                    ? static_cast<double>(random() >> 24) - 0x1p39
+                                    : std::bit_cast<float>(static_cast<std::uint32_t>(random()) & 0xff7fffffU));
+        for (const double dividend : dividends)
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(quotient.of(dividend)),
+                      std::bit_cast<std::uint64_t>(dividend / divisor))
+                << dividend << " / " << divisor;
     }
 }
 
