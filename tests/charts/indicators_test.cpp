@@ -221,6 +221,42 @@ TEST(Indicators, ResultsBelowIndexZeroReadZeroAndPastTheEndRaise) {
     EXPECT_EQ(errorOf([&] { average.Calculate(Series(32768, 1.0)); }), 0);
 }
 
+// A long series under one period, then a shorter one that rises at first (RSI fails at its first
+// value) under another, or one that fails or finds no window: nothing of the first may show.
+template <class T>
+void expectNothingLeft(void (*set)(T&, int), std::initializer_list<double (T::*)(int) const> lines) {
+    Series longer, shorter;
+    for (int i = 0; i < 60; ++i) longer.push_back(100 + i * 37 % 11 - i % 4 * 0.4375);
+    for (int i = 0; i < 30; ++i) shorter.push_back(i < 12 ? 50 + i : 62 - i % 3 * 1.5);
+    const auto run = [](T& calc, const Series& x) {
+        if constexpr (std::is_same_v<T, CCI> || std::is_same_v<T, Stoch>)
+            return errorOf([&] { calc.Calculate(barsOf(x, Series(x.size(), 40.0), x)); });
+        else
+            return errorOf([&] { calc.Calculate(x); });
+    };
+    for (int period : {3, 7, 40, 0, -1}) {
+        T reused, fresh;
+        set(reused, 2);
+        run(reused, longer);
+        set(reused, period);
+        set(fresh, period);
+        EXPECT_EQ(run(reused, shorter), run(fresh, shorter)) << period;
+        for (auto line : lines) EXPECT_EQ(results(reused, line, 30), results(fresh, line, 30)) << period;
+    }
+}
+
+TEST(Indicators, ACalculationLeavesNothingOfTheOneBefore) {
+    expectNothingLeft<MovAvg>([](MovAvg& c, int n) { c.AvgLen = n; }, {&MovAvg::RetVal});
+    expectNothingLeft<ExpMovAvg>([](ExpMovAvg& c, int n) { c.ExpAvgLen = n; }, {&ExpMovAvg::RetVal});
+    expectNothingLeft<MACD>([](MACD& c, int n) { c.MACDLen1 = c.MACDLen2 = c.MACDLen3 = static_cast<std::int16_t>(n); },
+                            {&MACD::RetVal, &MACD::RetValSig, &MACD::RetValHist});
+    expectNothingLeft<ROCPercent>([](ROCPercent& c, int n) { c.ROCLen = n; }, {&ROCPercent::RetVal});
+    expectNothingLeft<RSI>([](RSI& c, int n) { c.RsiLen = n; }, {&RSI::RetVal});
+    expectNothingLeft<Stoch>([](Stoch& c, int n) { c.KPeriod = c.DPeriod = static_cast<std::int16_t>(n); },
+                             {&Stoch::RetValK, &Stoch::RetValKSlow, &Stoch::RetValD});
+    expectNothingLeft<CCI>([](CCI&, int) {}, {&CCI::RetVal, &CCI::RetValAvg, &CCI::RetValAvgAvg});
+}
+
 // --- a real history against the program's arithmetic, one window at a time ---
 
 std::vector<StockRecord> reliance() {
