@@ -14,8 +14,7 @@ void fmt3Many(const double* in, double* out, std::size_t count) {
     const __m128d thousand = _mm_set1_pd(1000.0);
     const __m128d shift = _mm_set1_pd(kRoundingShift);
     const __m128d half = _mm_set1_pd(0.5);
-    const __m128d limit = _mm_set1_pd(kUsualLimit);
-    const __m128d shownError = _mm_set1_pd(kShownDigitsError);
+    const __m128d share = _mm_set1_pd(kOffHalfShare);
     const __m128d head = _mm_set1_pd(kThousandths.head());
     const __m128d tail = _mm_set1_pd(kThousandths.tail());
     const __m128d magnitude = _mm_castsi128_pd(_mm_set1_epi64x(INT64_MAX));
@@ -25,9 +24,8 @@ void fmt3Many(const double* in, double* out, std::size_t count) {
         const __m128d thousandths = _mm_mul_pd(value, thousand);
         const __m128d nearest = _mm_sub_pd(_mm_add_pd(thousandths, shift), shift);
         const __m128d size = _mm_and_pd(thousandths, magnitude);
-        const __m128d offHalf = _mm_sub_pd(half, _mm_and_pd(_mm_sub_pd(thousandths, nearest), magnitude));
-        const __m128d usual =
-            _mm_and_pd(_mm_cmplt_pd(size, limit), _mm_cmpgt_pd(offHalf, _mm_mul_pd(size, shownError)));
+        const __m128d offNearest = _mm_and_pd(_mm_sub_pd(thousandths, nearest), magnitude);
+        const __m128d usual = _mm_cmplt_pd(_mm_add_pd(offNearest, _mm_mul_pd(size, share)), half);
         if (_mm_movemask_pd(usual) == 3) {
             _mm_storeu_pd(out + i, _mm_add_pd(_mm_mul_pd(nearest, head), _mm_mul_pd(nearest, tail)));
         } else {

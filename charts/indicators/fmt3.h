@@ -15,10 +15,11 @@ namespace ostravel {
 // gives it.
 constexpr ExactQuotient kThousandths(1000.0, 13);
 
-// Below 1e12 thousandths the digits shown still reach the third decimal, and a value whose
-// thousandths lie clearly off a half rounds the same on its 15 digits as on its bits.
-constexpr double kUsualLimit = 1e12;
-constexpr double kShownDigitsError = 1e-14;
+// A value whose thousandths lie off a half by more than this share of their size rounds the same
+// on its 15 digits shown as on its bits, whose difference is below 1e-14 of it. The share is wide
+// enough that no size of 1e12 thousandths or more passes: their whole number may be past the
+// exact quotient's bounds.
+constexpr double kOffHalfShare = 5e-13;
 // Adding and taking away 1.5 * 2^52 rounds a double below 2^51 to the nearest whole number.
 constexpr double kRoundingShift = 6755399441055744.0;
 
@@ -26,7 +27,7 @@ inline double Fmt3(double value) {
     const double thousandths = value * 1000.0;
     const double nearest = (thousandths + kRoundingShift) - kRoundingShift;
     const double size = std::fabs(thousandths);
-    if (size < kUsualLimit && 0.5 - std::fabs(thousandths - nearest) > size * kShownDigitsError)
+    if (std::fabs(thousandths - nearest) + size * kOffHalfShare < 0.5)
         return kThousandths.of(nearest);
     return roundHalfAway(value, 3);
 }
