@@ -5,6 +5,7 @@
 #include <QVarLengthArray>
 #include <algorithm>
 #include <bitset>
+#include <cmath>
 #include <memory>
 #include <optional>
 #include <string>
@@ -188,7 +189,11 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, N
     if (negative)
         shown.remove_prefix(1);
 
-    const std::size_t point = shown.find('.');
+    // The digits end in the places asked for, after a point; only a value beyond every
+    // number is written without one.
+    const std::size_t point = layout.decimalPlaces > 0 && std::isfinite(scaled)
+                                  ? shown.size() - 1 - static_cast<std::size_t>(layout.decimalPlaces)
+                                  : std::string_view::npos;
     std::string_view whole = point == std::string_view::npos ? shown : shown.substr(0, point);
     std::string_view fraction = point == std::string_view::npos ? std::string_view() : shown.substr(point + 1);
     if (whole == "0")

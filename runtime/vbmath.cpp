@@ -48,24 +48,26 @@ std::optional<std::int64_t> quickScaled(double value, int decimals) {
 }
 
 // n places of a decimal as plain digits: "-12.50" for -1250 with 2 places; no minus on 0.
+// Laid out in a buffer and appended at once: every figure of a run passes through here.
 void placesText(std::int64_t n, int decimals, std::string& out) {
     char digits[24];
     const auto magnitude = static_cast<std::uint64_t>(n < 0 ? -n : n);
     const auto end = std::to_chars(digits, digits + sizeof digits, magnitude).ptr;
-    int length = static_cast<int>(end - digits);
+    const int length = static_cast<int>(end - digits);
+    std::array<char, 64> text{};
+    char* at = text.data();
     if (n < 0)
-        out += '-';
-    if (length <= decimals) {
-        out += '0';
-    } else {
-        out.append(digits, static_cast<std::size_t>(length - decimals));
-    }
+        *at++ = '-';
+    const int whole = std::max(length - decimals, 0);
+    if (whole == 0)
+        *at++ = '0';
+    at = std::copy(digits, digits + whole, at);
     if (decimals > 0) {
-        out += '.';
-        for (int pad = decimals - length; pad > 0; --pad) out += '0';
-        const int from = std::max(length - decimals, 0);
-        out.append(digits + from, static_cast<std::size_t>(length - from));
+        *at++ = '.';
+        at = std::fill_n(at, std::max(decimals - length, 0), '0');
+        at = std::copy(digits + whole, end, at);
     }
+    out.append(text.data(), static_cast<std::size_t>(at - text.data()));
 }
 
 // The decimal of few places that a value is the double of: the fewest places, up to nine,
@@ -554,6 +556,9 @@ QString singleText(float value) {
 }
 
 double textToDouble(const QString& text) {
+    // The usual box holds plain digits, and then no comma either.
+    if (const std::optional<double> quick = quickText(text, true))
+        return *quick;
     const std::optional<double> number =
         text.contains(QLatin1Char(',')) ? parseNumber(QString(text).remove(QLatin1Char(','))) : parseNumber(text);
     if (!number)

@@ -32,8 +32,24 @@ QString columnText(sqlite3_stmt* statement, int column) {
 bool wholeIsoDay(double serial, char (&text)[11]) {
     if (serial != std::floor(serial) || !(std::fabs(serial) < kWholeDayLimit))
         return false;
-    const QDate day = QDate::fromJulianDay(kEpochJulianDay + static_cast<qint64>(serial));
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", day.year(), day.month(), day.day());
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    QDate::fromJulianDay(kEpochJulianDay + static_cast<qint64>(serial)).getDate(&year, &month, &day);
+    if (year < 1 || year > 9999) {
+        std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
+        return true;
+    }
+    // The usual years written digit by digit: every row of a run's tables writes its day.
+    const auto digits = [&](int at, int value, int count) {
+        for (int i = at + count - 1; i >= at; --i, value /= 10) text[i] = static_cast<char>('0' + value % 10);
+    };
+    digits(0, year, 4);
+    text[4] = '-';
+    digits(5, month, 2);
+    text[7] = '-';
+    digits(8, day, 2);
+    text[10] = '\0';
     return true;
 }
 

@@ -106,7 +106,9 @@ void RowAppender::update() {
 void RowAppender::flush() {
     if (m_waitingRows == 0)
         return;
-    const std::vector<Variant> values = std::move(m_waiting);
+    // The rows leave the waiting list before they are written, so that a group that fails is
+    // not written again; both lists keep their room for the next group.
+    std::swap(m_waiting, m_writing);
     const std::uint64_t columns = m_waitingSet;
     // A table's own defaults fill a row with no field set, one row to a statement.
     const int rows = columns == 0 ? 1 : m_waitingRows;
@@ -116,7 +118,7 @@ void RowAppender::flush() {
     for (int time = 0; time < times; ++time) {
         Statement insert = m_connection->cached(insertFor(columns, rows));
         int index = 1;
-        for (const Variant& value : values) bindField(insert.get(), index++, value);
+        for (const Variant& value : m_writing) bindField(insert.get(), index++, value);
         insert.step();
         m_connection->noteWrite();
     }

@@ -60,6 +60,7 @@ private:
     std::uint64_t m_set = 0;
     bool m_adding = false;
     std::vector<Variant> m_waiting;  // the set fields of the rows handed over, row after row
+    std::vector<Variant> m_writing;  // the group being written
     std::uint64_t m_waitingSet = 0;
     int m_waitingRows = 0;
 };
