@@ -98,12 +98,27 @@ void Recordset::followTable() const {
 void Recordset::openRows(const QString& sql) {
     Statement rows = m_connection->prepare(sql);
     readColumns(rows.get());
+    const std::size_t width = m_columns.size();
+    // A text as the row above has it in that column shares its copy: a history names its
+    // stock on every day.
+    std::vector<QByteArray> textAbove(width);
     while (rows.step()) {
-        std::vector<Variant> row;
-        row.reserve(m_columns.size());
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            row.push_back(readField(rows.get(), static_cast<int>(i), m_columns[i].kind));
-        m_snapshot.push_back(std::move(row));
+        for (std::size_t i = 0; i < width; ++i) {
+            const int column = static_cast<int>(i);
+            if (m_snapshotRows > 0 && m_columns[i].kind == FieldKind::Text &&
+                sqlite3_column_type(rows.get(), column) != SQLITE_NULL) {
+                const QByteArrayView text(sqlite3_column_text(rows.get(), column),
+                                          sqlite3_column_bytes(rows.get(), column));
+                const Variant& above = m_snapshot[m_snapshot.size() - width];
+                if (text == textAbove[i] && above.kind() == Variant::Kind::String) {
+                    m_snapshot.push_back(above);
+                    continue;
+                }
+                textAbove[i] = text.toByteArray();
+            }
+            m_snapshot.push_back(readField(rows.get(), column, m_columns[i].kind));
+        }
+        ++m_snapshotRows;
     }
 }
 
@@ -143,7 +158,7 @@ void Recordset::requireUpdatable() const {
 }
 
 long Recordset::count() const {
-    return static_cast<long>(m_updatable ? m_rowids.size() : m_snapshot.size());
+    return m_updatable ? static_cast<long>(m_rowids.size()) : m_snapshotRows;
 }
 
 bool Recordset::eof() const {
@@ -211,10 +226,10 @@ void Recordset::movePrevious() {
     --m_position;
 }
 
-const std::vector<Variant>& Recordset::currentRow() const {
+std::span<const Variant> Recordset::currentRow() const {
     requireCurrent();
     if (!m_updatable)
-        return m_snapshot[static_cast<std::size_t>(m_position)];
+        return std::span(m_snapshot).subspan(static_cast<std::size_t>(m_position) * m_columns.size(), m_columns.size());
     const ChangeStamp stamp = m_connection->changeStamp();
     if (m_currentPosition == m_position && m_currentStamp == stamp)
         return m_current;
@@ -296,7 +311,8 @@ void Recordset::edit() {
     requireOpen();
     requireUpdatable();
     requireCurrent();
-    m_buffer = currentRow();
+    const std::span<const Variant> row = currentRow();
+    m_buffer.assign(row.begin(), row.end());
     m_dirty.assign(m_columns.size(), false);
     m_mode = EditMode::Edit;
 }
@@ -432,10 +448,10 @@ std::vector<bool> Recordset::matchingRows(const QString& criteria) const {
     }
     Statement statement = m_connection->prepare(QStringLiteral("select 1 from (select ") + columns +
                                                 QStringLiteral(") where (") + condition + QLatin1Char(')'));
-    for (std::size_t row = 0; row < m_snapshot.size(); ++row) {
+    for (std::size_t row = 0; row < static_cast<std::size_t>(m_snapshotRows); ++row) {
         sqlite3_reset(statement.get());
         for (std::size_t i = 0; i < m_columns.size(); ++i)
-            bindField(statement.get(), static_cast<int>(i + 1), m_snapshot[row][i]);
+            bindField(statement.get(), static_cast<int>(i + 1), m_snapshot[row * m_columns.size() + i]);
         matches[row] = statement.step();
     }
     return matches;
@@ -469,6 +485,7 @@ void Recordset::close() {
     m_closed = true;
     m_rowids.clear();
     m_snapshot.clear();
+    m_snapshotRows = 0;
     m_current.clear();
     m_connection.reset();
 }

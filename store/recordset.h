@@ -11,6 +11,7 @@
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "runtime/variant.h"
@@ -79,7 +80,7 @@ private:
     void leaveEditMode();
     long count() const;
     int indexOf(const QString& name) const;
-    const std::vector<Variant>& currentRow() const;
+    std::span<const Variant> currentRow() const;
     void find(const QString& criteria, long start);
     std::vector<bool> matchingRows(const QString& criteria) const;
     void writeEdit();
@@ -91,12 +92,13 @@ private:
     QHash<QString, int> m_spelled;    // the same, by the names as the columns spell them
     bool m_updatable = false;
     bool m_isTable = false;
-    QString m_table;                               // written to by update, addNew and deleteCurrent
-    QString m_source;                              // the table as the statement names it, with its alias
-    QString m_qualifier;                           // what qualifies rowid in m_source
-    QString m_rowSql;                              // reads one row by its rowid
-    QString m_rowidSql;                            // lists the rows
-    std::vector<std::vector<Variant>> m_snapshot;  // a read-only recordset's rows
+    QString m_table;                  // written to by update, addNew and deleteCurrent
+    QString m_source;                 // the table as the statement names it, with its alias
+    QString m_qualifier;              // what qualifies rowid in m_source
+    QString m_rowSql;                 // reads one row by its rowid
+    QString m_rowidSql;               // lists the rows
+    std::vector<Variant> m_snapshot;  // a read-only recordset's rows, one after another
+    long m_snapshotRows = 0;
 
     // Mutable because even a read of a table recordset first catches up with its table.
     mutable std::vector<std::int64_t> m_rowids;  // an updatable recordset's rows
