@@ -64,7 +64,7 @@ void pcaresult(Program& program) {
                     divide(number(em.txtcurrtotal) - number(em.txtbegtotal), number(em.txtbegtotal)));
     });
     passedOver([&] { em.lblsell.caption = advice.sellcount.toString(); });
-    em.lblbuy.caption = numberToText(advice.buycount);
+    numberToText(advice.buycount, em.lblbuy.caption);
 }
 
 }  // namespace ostravel

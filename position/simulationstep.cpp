@@ -126,9 +126,9 @@ void SimulationStep::sell() {
     m_em.lbladvise.caption = QStringLiteral("SELL");
     m_v.simsellprice = m_v.simprice;
     passedOver([&] { m_v.simsellshares = wholeShares(m_v.simsellamount, m_v.simprice); });
-    m_em.txtnextsellamount.text = singleText(m_v.simsellprice * m_v.simsellshares);
+    singleText(m_v.simsellprice * m_v.simsellshares, m_em.txtnextsellamount.text);
     m_em.txtnextsell.foreColour = kRed;
-    m_em.txtnextsell.text = QString::number(m_v.simsellshares);
+    numberToText(m_v.simsellshares, m_em.txtnextsell.text);
     m_em.txtnextsellshare.foreColour = kRed;
     kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
     m_v.simcash = m_v.simcash + m_v.simsellprice * m_v.simsellshares;
@@ -153,9 +153,9 @@ void SimulationStep::nextSell() {
                             divide(100, 100 - columnNumber(m_v.resistSell)));
     });
     passedOver([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
-    m_em.txtnextsell.text = QString::number(m_v.simsellshares);
+    numberToText(m_v.simsellshares, m_em.txtnextsell.text);
     kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
-    m_em.txtnextsellamount.text = singleText(m_v.simsellamount);
+    singleText(m_v.simsellamount, m_em.txtnextsellamount.text);
 }
 
 void SimulationStep::buy() {
@@ -165,9 +165,9 @@ void SimulationStep::buy() {
     m_em.lbladvise.caption = QStringLiteral("BUY");
     m_v.simbuyprice = m_v.simprice;
     passedOver([&] { m_v.simbuyshares = wholeShares(m_v.simbuyamount, m_v.simprice); });
-    m_em.txtnextbuyamount.text = singleText(m_v.simbuyprice * m_v.simbuyshares);
+    singleText(m_v.simbuyprice * m_v.simbuyshares, m_em.txtnextbuyamount.text);
     m_em.txtnextbuy.foreColour = kGreen;
-    m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
+    numberToText(m_v.simbuyshares, m_em.txtnextbuy.text);
     m_em.txtnextbuyshare.foreColour = kGreen;
     kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
     m_v.simcash = m_v.simcash - m_v.simbuyprice * m_v.simbuyshares;
@@ -188,9 +188,9 @@ void SimulationStep::showAffordableBuy() {
     m_v.simbuyamount = m_v.simcash;
     m_v.simbuyprice = m_v.simprice;
     passedOver([&] { m_v.simbuyshares = wholeShares(m_v.simcash, m_v.simbuyprice); });
-    m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
+    numberToText(m_v.simbuyshares, m_em.txtnextbuy.text);
     kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
-    m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
+    singleText(m_v.simbuyamount, m_em.txtnextbuyamount.text);
 }
 
 void SimulationStep::nextBuy() {
@@ -201,9 +201,9 @@ void SimulationStep::nextBuy() {
                             divide(100, 100 + columnNumber(m_v.resistBuy)));
     });
     passedOver([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
-    m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
+    numberToText(m_v.simbuyshares, m_em.txtnextbuy.text);
     kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
-    m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
+    singleText(m_v.simbuyamount, m_em.txtnextbuyamount.text);
 }
 
 void SimulationStep::addTrade(std::int16_t shares) {

@@ -182,20 +182,10 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, N
 
     double scaled = value;
     for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
-    thread_local std::string digits;
-    fixedDecimalDigits(scaled, layout.decimalPlaces, Tie::AwayFromZero, digits);
-    std::string_view shown(digits);
-    const bool negative = !shown.empty() && shown.front() == '-';
-    if (negative)
-        shown.remove_prefix(1);
-
-    // The digits end in the places asked for, after a point; only a value beyond every
-    // number is written without one.
-    const std::size_t point = layout.decimalPlaces > 0 && std::isfinite(scaled)
-                                  ? shown.size() - 1 - static_cast<std::size_t>(layout.decimalPlaces)
-                                  : std::string_view::npos;
-    std::string_view whole = point == std::string_view::npos ? shown : shown.substr(0, point);
-    std::string_view fraction = point == std::string_view::npos ? std::string_view() : shown.substr(point + 1);
+    const DecimalDigits digits(scaled, layout.decimalPlaces, Tie::AwayFromZero);
+    const bool negative = digits.negative();
+    std::string_view whole = digits.whole();
+    std::string_view fraction = digits.places();
     if (whole == "0")
         whole = {};
     const int zeros = std::max(layout.minIntegerDigits - static_cast<int>(whole.size()), 0);

@@ -47,27 +47,20 @@ std::optional<std::int64_t> quickScaled(double value, int decimals) {
     return value < 0 ? -rounded : rounded;
 }
 
-// n places of a decimal as plain digits: "-12.50" for -1250 with 2 places; no minus on 0.
-// Laid out in a buffer and appended at once: every figure of a run passes through here.
-void placesText(std::int64_t n, int decimals, std::string& out) {
-    char digits[24];
-    const auto magnitude = static_cast<std::uint64_t>(n < 0 ? -n : n);
-    const auto end = std::to_chars(digits, digits + sizeof digits, magnitude).ptr;
-    const int length = static_cast<int>(end - digits);
-    std::array<char, 64> text{};
-    char* at = text.data();
-    if (n < 0)
-        *at++ = '-';
-    const int whole = std::max(length - decimals, 0);
-    if (whole == 0)
-        *at++ = '0';
-    at = std::copy(digits, digits + whole, at);
-    if (decimals > 0) {
-        *at++ = '.';
-        at = std::fill_n(at, std::max(decimals - length, 0), '0');
-        at = std::copy(digits + whole, end, at);
+// Writes a decimal's digits over `text`, "-12.50", keeping the room the text has.
+void writeDecimal(const DecimalDigits& digits, QString& text) {
+    const std::string_view whole = digits.whole();
+    const std::string_view places = digits.places();
+    const std::size_t point = places.empty() ? 0 : 1;
+    text.resize(static_cast<qsizetype>((digits.negative() ? 1 : 0) + whole.size() + point + places.size()));
+    auto* out = reinterpret_cast<char16_t*>(text.data());
+    if (digits.negative())
+        *out++ = u'-';
+    out = std::copy(whole.begin(), whole.end(), out);
+    if (point != 0) {
+        *out++ = u'.';
+        std::copy(places.begin(), places.end(), out);
     }
-    out.append(text.data(), static_cast<std::size_t>(at - text.data()));
 }
 
 // The decimal of few places that a value is the double of: the fewest places, up to nine,
@@ -341,23 +334,44 @@ std::optional<double> parseNumber(const QString& text) {
 }
 
 QString fixedDecimalText(double value, int decimals, Tie tie) {
-    std::string text;
-    fixedDecimalDigits(value, decimals, tie, text);
-    return QString::fromLatin1(text);
+    QString text;
+    writeDecimal(DecimalDigits(value, decimals, tie), text);
+    return text;
 }
 
-void fixedDecimalDigits(double value, int decimals, Tie tie, std::string& text) {
-    text.clear();
-    if (!std::isfinite(value)) {
-        text = QString::number(value).toStdString();
-        return;
-    }
+DecimalDigits::DecimalDigits(double value, int decimals, Tie tie) {
     decimals = std::max(decimals, 0);
-    if (const std::optional<std::int64_t> quick = quickScaled(value, decimals)) {
-        placesText(*quick, decimals, text);
+    if (!std::isfinite(value)) {
+        m_negative = value < 0;
+        m_digits = std::isnan(value) ? "nan" : "inf";
+        m_wholeLength = m_digits.size();
         return;
     }
+    if (const std::optional<std::int64_t> quick = quickScaled(value, decimals))
+        layOut(*quick, decimals);
+    else
+        general(value, decimals, tie);
+}
 
+DecimalDigits::DecimalDigits(std::int64_t scaled, int decimals) {
+    layOut(scaled, decimals);
+}
+
+void DecimalDigits::layOut(std::int64_t scaled, int decimals) {
+    if (decimals < 0 || decimals > kQuickPlaces)
+        raise(err::InvalidProcedureCall);
+    m_negative = scaled < 0;
+    const auto magnitude = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
+    // The digits go after room for the zeros that a decimal below 1 has before them.
+    char* const start = m_quick.data() + kQuickPlaces + 1;
+    char* const end = std::to_chars(start, m_quick.data() + m_quick.size(), magnitude).ptr;
+    char* first = start;
+    while (end - first < decimals + 1) *--first = '0';
+    m_digits = std::string_view(first, static_cast<std::size_t>(end - first));
+    m_wholeLength = m_digits.size() - static_cast<std::size_t>(decimals);
+}
+
+void DecimalDigits::general(double value, int decimals, Tie tie) {
     Digits d;
     if (value == 0.0)
         d.digits.assign(kSignificantDigits, '0');
@@ -395,15 +409,13 @@ void fixedDecimalDigits(double value, int decimals, Tie tie, std::string& text) 
                                                                        : '0';
     };
     if (integerLength <= 0)
-        text += '0';
-    for (int i = 0; i < integerLength; ++i) text += digitAt(i);
-    if (decimals > 0) {
-        text += '.';
-        for (int i = integerLength; i < integerLength + decimals; ++i) text += digitAt(i);
-    }
+        m_general += '0';
+    for (int i = 0; i < integerLength; ++i) m_general += digitAt(i);
+    m_wholeLength = m_general.size();
+    for (int i = integerLength; i < integerLength + decimals; ++i) m_general += digitAt(i);
+    m_digits = m_general;
     const bool zero = d.digits.find_first_not_of('0') == std::string::npos;
-    if (value < 0.0 && !zero)
-        text.insert(text.begin(), '-');
+    m_negative = value < 0.0 && !zero;
 }
 
 namespace {
@@ -432,42 +444,47 @@ double roundHalfAway(double value, int digits) {
 }
 
 QString numberToText(double value) {
-    if (!std::isfinite(value))
-        return QString::number(value);
-    if (value == 0.0)
-        return QStringLiteral("0");
+    QString text;
+    numberToText(value, text);
+    return text;
+}
+
+void numberToText(double value, QString& text) {
+    if (!std::isfinite(value)) {
+        text = QString::number(value);
+        return;
+    }
     // The usual figure, whose digits are the few places it is the double of.
-    if (std::fabs(value) >= 1e-4)
+    if (value == 0.0 || std::fabs(value) >= 1e-4)
         if (const std::optional<std::pair<std::int64_t, int>> quick = shortDecimal(value)) {
-            std::string text;
-            placesText(quick->first, quick->second, text);
-            return QString::fromLatin1(text);
+            writeDecimal(DecimalDigits(quick->first, quick->second), text);
+            return;
         }
 
     const Digits d = significantDigits(value);
     const std::string digits = d.digits.substr(0, d.digits.find_last_not_of('0') + 1);
-    std::string text = value < 0.0 ? "-" : "";
+    std::string out = value < 0.0 ? "-" : "";
     if (d.exponent < -4 || d.exponent >= kSignificantDigits) {
-        text += digits.substr(0, 1);
+        out += digits.substr(0, 1);
         if (digits.size() > 1)
-            text += '.' + digits.substr(1);
+            out += '.' + digits.substr(1);
         const int magnitude = std::abs(d.exponent);
-        text += d.exponent < 0 ? "E-" : "E+";
+        out += d.exponent < 0 ? "E-" : "E+";
         if (magnitude < 10)
-            text += '0';
-        text += std::to_string(magnitude);
+            out += '0';
+        out += std::to_string(magnitude);
     } else if (d.exponent < 0) {
-        text += "0." + std::string(static_cast<std::size_t>(-d.exponent - 1), '0') + digits;
+        out += "0." + std::string(static_cast<std::size_t>(-d.exponent - 1), '0') + digits;
     } else {
         const auto integerLength = static_cast<std::size_t>(d.exponent + 1);
         std::string padded = digits;
         if (padded.size() < integerLength)
             padded.append(integerLength - padded.size(), '0');
-        text += padded.substr(0, integerLength);
+        out += padded.substr(0, integerLength);
         if (padded.size() > integerLength)
-            text += '.' + padded.substr(integerLength);
+            out += '.' + padded.substr(integerLength);
     }
-    return QString::fromLatin1(text);
+    text = QString::fromLatin1(out);
 }
 
 QString Str(double value) {
@@ -540,19 +557,29 @@ float toSingleChecked(double value) {
 }
 
 QString singleText(float value) {
+    QString text;
+    singleText(value, text);
+    return text;
+}
+
+void singleText(float value, QString& text) {
     const double v = static_cast<double>(value);
-    if (const std::optional<double> quick = quickSingleDigits(v))
-        return numberToText(*quick);
-    if (std::fabs(v) < kSingleExponentFrom)
-        return numberToText(QString::number(v, 'g', kSingleDigits).toDouble());
+    if (const std::optional<double> quick = quickSingleDigits(v)) {
+        numberToText(*quick, text);
+        return;
+    }
+    if (std::fabs(v) < kSingleExponentFrom) {
+        numberToText(QString::number(v, 'g', kSingleDigits).toDouble(), text);
+        return;
+    }
     // "1.234568E+07": the mantissa without trailing zeros.
-    const QString text = QString::number(v, 'E', kSingleDigits - 1);
-    const qsizetype e = text.indexOf(QLatin1Char('E'));
-    QString mantissa = text.left(e);
+    const QString exponent = QString::number(v, 'E', kSingleDigits - 1);
+    const qsizetype e = exponent.indexOf(QLatin1Char('E'));
+    QString mantissa = exponent.left(e);
     while (mantissa.endsWith(QLatin1Char('0'))) mantissa.chop(1);
     if (mantissa.endsWith(QLatin1Char('.')))
         mantissa.chop(1);
-    return mantissa + text.mid(e);
+    text = mantissa + exponent.mid(e);
 }
 
 double textToDouble(const QString& text) {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace ostravel {
 
@@ -29,8 +31,35 @@ double roundHalfAway(double value, int digits = 0);
 // The value rounded to `decimals` places as plain decimal text, "-1234.50" or "0.00", never
 // with an exponent; a result of 0 carries no minus.
 QString fixedDecimalText(double value, int decimals, Tie tie);
-// The same into a buffer of plain characters, for loops that lay out many numbers.
-void fixedDecimalDigits(double value, int decimals, Tie tie, std::string& text);
+
+// The digits of a decimal of so many places: whether it is below 0, its whole part ("0" when
+// there is none) and exactly that many places. Every figure that a run shows passes through
+// here, so the usual one is laid out in place, without memory of its own. A value beyond
+// every number has "inf" or "nan" for its whole part, and no places.
+class DecimalDigits {
+public:
+    // The value rounded to `decimals` places, a half as `tie` says; a result of 0 is not below 0.
+    DecimalDigits(double value, int decimals, Tie tie);
+    // A whole number of places, up to nine: 1250 with 2 places is 12.50.
+    DecimalDigits(std::int64_t scaled, int decimals);
+    // The parts point into the object itself.
+    DecimalDigits(const DecimalDigits&) = delete;
+    DecimalDigits& operator=(const DecimalDigits&) = delete;
+
+    bool negative() const { return m_negative; }
+    std::string_view whole() const { return m_digits.substr(0, m_wholeLength); }
+    std::string_view places() const { return m_digits.substr(m_wholeLength); }
+
+private:
+    void layOut(std::int64_t scaled, int decimals);
+    void general(double value, int decimals, Tie tie);
+
+    std::array<char, 40> m_quick;
+    std::string m_general;
+    std::string_view m_digits;
+    std::size_t m_wholeLength = 0;
+    bool m_negative = false;
+};
 
 // Str(x): the numeric-to-string conversion with its leading blank for values not negative and
 // no zero before the point: " 140", " .5", "-.5".
@@ -38,6 +67,8 @@ QString Str(double value);
 // CStr(x): the same without the blank, 0.5 as "0.5"; up to 15 significant digits, and the
 // exponent form ("1E+15", "1E-05") from 1e15 up and below 1e-4.
 QString numberToText(double value);
+// The same written over `text`, which keeps its room: for a box written every day of a run.
+void numberToText(double value, QString& text);
 
 // Single precision: where the program holds a value in a 32-bit float, its rounding is kept.
 inline float toSingle(double value) {
@@ -61,6 +92,7 @@ float toSingleChecked(double value);
 // CStr of a 32-bit float: seven significant digits ("2600", "6666.667"), the exponent form
 // from 1E+07 on.
 QString singleText(float value);
+void singleText(float value, QString& text);
 
 // CSng and CDbl of a text: blanks around, grouping commas passed over; anything else that is
 // no number raises 13.

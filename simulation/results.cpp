@@ -56,12 +56,12 @@ void equitycurrent(Program& program) {
     };
 
     statement([&] { em.txtcurrprice.text = run.day().field(QStringLiteral("Close")).toString(); });
-    statement([&] { em.txtcurrshare.text = QString::number(v.simshares); });
+    statement([&] { numberToText(v.simshares, em.txtcurrshare.text); });
     statement([&] { kMoney.into(em.txtcurrcash.text, v.simcash); });
     statement([&] { kMoney.into(em.txtcurrstockvalue.text, v.simvalue); });
     // Cash and stock add up in single precision, as the two amounts are held.
     statement([&] { kMoney.into(em.txtcurrtotal.text, v.simcash + v.simvalue); });
-    statement([&] { em.txtcurrcps.text = singleText(v.simcps); });
+    statement([&] { singleText(v.simcps, em.txtcurrcps.text); });
 
     statement([&] {
         kChange.into(em.txtcashper.text,

@@ -1,9 +1,12 @@
 // Format with the number and date patterns the screens use, and on variants.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "runtime/variant.h"
 #include "runtime/vbdate.h"
 #include "runtime/vbformat.h"
+#include "tests/support/random_digits.h"
 
 namespace ostravel {
 namespace {
@@ -58,6 +61,59 @@ INSTANTIATE_TEST_SUITE_P(SectionsAndLiterals, FormatNumberTest,
                                            NumberCase{1234, "\"Rs.\" #,###", "Rs. 1,234"},
                                            NumberCase{3, "\"#\"0", "#3"}, NumberCase{3, "\\#0", "#3"},
                                            NumberCase{42, "0 kg", "42 kg"}));
+
+// The patterns a run writes every day, laid out by hand from the written digits of a decimal:
+// rounded half away from zero on those digits, the whole part left out when it is 0 and no "0"
+// asks for it, the places cut after their last digit that is not 0.
+TEST(FormatNumberTest, RunPatternsRoundAsWritten) {
+    const struct {
+        const char* pattern;
+        int decimals;
+        bool zeroWhole;
+        bool percent;
+    } patterns[] = {{"####.##", 2, false, false}, {"#####.##", 2, false, false}, {"#0", 0, true, false},
+                    {"0", 0, true, false},        {"##.##%", 2, false, true},    {"#0.##%", 2, true, true},
+                    {"#0.#%", 1, true, true}};
+    std::mt19937 random(20261122);
+    const auto digits = [&](int most) { return test::randomDigits(random, most); };
+    for (int i = 0; i < 20000; ++i) {
+        const bool negative = i % 3 == 0;
+        const std::string whole = digits(9);
+        std::string places = digits(6);
+        // Halves at every cut: the last written place a 5.
+        if (i % 2 == 0 && !places.empty())
+            places.back() = '5';
+        const std::string written = (negative ? "-" : "") + (whole.empty() ? "0" : whole) + "." + places;
+        const double value = std::strtod(written.c_str(), nullptr);
+        for (const auto& p : patterns) {
+            std::string kept = whole;
+            std::string rest = places;
+            if (p.percent) {
+                rest.resize(std::max<std::size_t>(rest.size(), 2), '0');
+                kept += rest.substr(0, 2);
+                rest.erase(0, 2);
+            }
+            rest.resize(std::max<std::size_t>(rest.size(), std::size_t(p.decimals) + 1), '0');
+            kept = "0" + kept + rest.substr(0, std::size_t(p.decimals));
+            if (rest[std::size_t(p.decimals)] >= '5') {
+                std::size_t at = kept.size();
+                while (kept[--at] == '9') kept[at] = '0';
+                ++kept[at];
+            }
+            std::string shownWhole = kept.substr(0, kept.size() - std::size_t(p.decimals));
+            std::string shownPlaces = kept.substr(shownWhole.size());
+            shownWhole.erase(0, std::min(shownWhole.find_first_not_of('0'), shownWhole.size()));
+            if (shownWhole.empty() && p.zeroWhole)
+                shownWhole = "0";
+            shownPlaces.erase(shownPlaces.find_last_not_of('0') + 1);
+            const bool zero = kept.find_first_not_of('0') == std::string::npos;
+            const std::string expected = (negative && !zero ? "-" : "") + shownWhole +
+                                         (shownPlaces.empty() ? "" : "." + shownPlaces) + (p.percent ? "%" : "");
+            EXPECT_EQ(formatNumber(value, QString::fromLatin1(p.pattern)).toStdString(), expected)
+                << written << " with " << p.pattern;
+        }
+    }
+}
 
 struct DateCase {
     const char* pattern;

@@ -8,6 +8,7 @@
 #include "runtime/vberror.h"
 #include "runtime/vbmath.h"
 #include "tests/support/raised.h"
+#include "tests/support/random_digits.h"
 
 namespace ostravel {
 namespace {
@@ -198,12 +199,7 @@ TEST(SingleTest, KeepsTheRoundingOfA32BitFloat) {
 // written digits do, ties included; the quick ways through these conversions must keep that.
 TEST(DecimalTextTest, FewDigitsRoundAsWritten) {
     std::mt19937 random(20240611);
-    const auto digitsOf = [&](int most) {
-        std::string digits;
-        for (int n = std::uniform_int_distribution<int>(0, most)(random); n > 0; --n)
-            digits += char('0' + std::uniform_int_distribution<int>(0, 9)(random));
-        return digits;
-    };
+    const auto digitsOf = [&](int most) { return test::randomDigits(random, most); };
     for (int i = 0; i < 20000; ++i) {
         std::string whole = digitsOf(7);
         whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
