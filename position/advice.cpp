@@ -311,6 +311,10 @@ int GetAdvise::countTrades(const QString& kind) {
 
 }  // namespace
 
+QString SimulationValues::rowSymbol(const MainFrame& frame) const {
+    return symbol.isEmpty() ? frame.equitySymbol() : symbol;
+}
+
 AdviceOutcome getadvise(Program& program) {
     // One unit of work: the two updates of the holding and the compare row.
     std::optional<Transaction> work;

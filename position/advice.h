@@ -7,10 +7,12 @@
 #include <functional>
 #include <memory>
 
+#include "runtime/readback.h"
 #include "runtime/variant.h"
 
 namespace ostravel {
 
+class MainFrame;
 class Program;
 class RowAppender;
 
@@ -54,6 +56,16 @@ struct SimulationValues {
     // table afresh for its row, as an advice does.
     std::shared_ptr<RowAppender> simtrades;
     std::shared_ptr<RowAppender> compareRows;
+    // The beginning boxes of equitymanager as the days read them back.
+    struct {
+        ReadBack cash, stockvalue, price, share, total;
+    } beginning;
+    // The stock of the run, read from the selection once at its start: its rows all name it.
+    // Empty outside a run.
+    QString symbol;
+
+    // The stock that a row of simtrades or compare names: the run's, else the selection's.
+    QString rowSymbol(const MainFrame& frame) const;
 };
 
 // How an advice ended: stored, left by one of its two messages, or not run (a what-if answer

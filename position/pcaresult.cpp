@@ -31,8 +31,11 @@ void pcaresult(Program& program) {
     EquityManager& em = program.module<EquityManager>();
     AdviceValues& advice = program.module<AdviceValues>();
     Store& store = program.store();
+    SimulationValues& v = program.module<SimulationValues>();
+    const auto begprice = [&] { return v.beginning.price.number(em.txtbegprice.text); };
+    const auto begtotal = [&] { return v.beginning.total.number(em.txtbegtotal.text); };
     // A run keeps one writer of compare; an advice opens the table for its one row.
-    std::shared_ptr<RowAppender> rows = program.module<SimulationValues>().compareRows;
+    std::shared_ptr<RowAppender> rows = v.compareRows;
     if (!rows)
         passedOver([&] { rows = std::make_shared<RowAppender>(store.database(), QStringLiteral("compare")); });
     const auto compare = [&]() -> RowAppender& {
@@ -48,21 +51,17 @@ void pcaresult(Program& program) {
     // The buy-and-hold investor holds twice the rule's beginning shares.
     passedOver([&] {
         kWhole.into(em.lblbhprofit.caption,
-                    (number(em.txtcurrprice) - number(em.txtbegprice)) * number(em.txtbegshare) * 2);
+                    (number(em.txtcurrprice) - begprice()) * v.beginning.share.number(em.txtbegshare.text) * 2);
     });
     passedOver([&] { compare().setField(QStringLiteral("BuyHoldValue"), Val(em.lblbhprofit.caption)); });
-    passedOver([&] {
-        kShare.into(em.lblbhpersentage.caption,
-                    divide(number(em.txtcurrprice) - number(em.txtbegprice), number(em.txtbegprice)));
-    });
-    passedOver([&] { kZero.into(em.lblpcaresult.caption, number(em.txtcurrtotal) - number(em.txtbegtotal)); });
+    passedOver(
+        [&] { kShare.into(em.lblbhpersentage.caption, divide(number(em.txtcurrprice) - begprice(), begprice())); });
+    passedOver([&] { kZero.into(em.lblpcaresult.caption, number(em.txtcurrtotal) - begtotal()); });
     passedOver([&] { compare().setField(QStringLiteral("ControlValue"), Val(em.lblpcaresult.caption)); });
-    passedOver([&] { compare().setField(QStringLiteral("EquitySymbol"), program.frame().equitySymbol()); });
+    passedOver([&] { compare().setField(QStringLiteral("EquitySymbol"), v.rowSymbol(program.frame())); });
     passedOver([&] { compare().update(); });
-    passedOver([&] {
-        kShare.into(em.lblpcaresultper.caption,
-                    divide(number(em.txtcurrtotal) - number(em.txtbegtotal), number(em.txtbegtotal)));
-    });
+    passedOver(
+        [&] { kShare.into(em.lblpcaresultper.caption, divide(number(em.txtcurrtotal) - begtotal(), begtotal())); });
     passedOver([&] { em.lblsell.caption = advice.sellcount.toString(); });
     numberToText(advice.buycount, em.lblbuy.caption);
 }

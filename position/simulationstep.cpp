@@ -215,7 +215,7 @@ void SimulationStep::addTrade(std::int16_t shares) {
     passedOver([&] { trades->setField(1, day().field(QStringLiteral("Close"))); });
     passedOver([&] { trades->setField(2, static_cast<int>(shares)); });
     passedOver([&] { trades->setField(3, static_cast<int>(m_v.simshares)); });
-    passedOver([&] { trades->setField(6, m_program.frame().equitySymbol()); });
+    passedOver([&] { trades->setField(6, m_v.rowSymbol(m_program.frame())); });
     passedOver([&] { trades->update(); });
 }
 

@@ -50,7 +50,9 @@ void equitybegin(Program& program) {
 void equitycurrent(Program& program) {
     EquityManager& em = program.module<EquityManager>();
     SimulationRun& run = program.module<SimulationRun>();
-    const SimulationValues& v = program.module<SimulationValues>();
+    SimulationValues& v = program.module<SimulationValues>();
+    const auto begcash = [&] { return v.beginning.cash.val(em.txtbegcash.text); };
+    const auto begstockvalue = [&] { return v.beginning.stockvalue.val(em.txtbegstockvalue.text); };
     const auto statement = [&](auto&& body) {
         trapped(body, [&](const VbError& e) { run.reporter.report(e, kCurrentPlace); });
     };
@@ -63,16 +65,12 @@ void equitycurrent(Program& program) {
     statement([&] { kMoney.into(em.txtcurrtotal.text, v.simcash + v.simvalue); });
     statement([&] { singleText(v.simcps, em.txtcurrcps.text); });
 
+    statement([&] { kChange.into(em.txtcashper.text, divide(Val(em.txtcurrcash.text) - begcash(), begcash())); });
+    statement([&] { em.txtcashper.foreColour = gainColour(v.simcash - begcash()); });
     statement([&] {
-        kChange.into(em.txtcashper.text,
-                     divide(Val(em.txtcurrcash.text) - Val(em.txtbegcash.text), Val(em.txtbegcash.text)));
+        kChange.into(em.txtsvper.text, divide(Val(em.txtcurrstockvalue.text) - begstockvalue(), begstockvalue()));
     });
-    statement([&] { em.txtcashper.foreColour = gainColour(v.simcash - Val(em.txtbegcash.text)); });
-    statement([&] {
-        kChange.into(em.txtsvper.text, divide(Val(em.txtcurrstockvalue.text) - Val(em.txtbegstockvalue.text),
-                                              Val(em.txtbegstockvalue.text)));
-    });
-    statement([&] { em.txtsvper.foreColour = gainColour(v.simvalue - Val(em.txtbegstockvalue.text)); });
+    statement([&] { em.txtsvper.foreColour = gainColour(v.simvalue - begstockvalue()); });
     statement([&] {
         kInStock.into(em.txtcashrisk.text,
                       divide(textToDouble(em.txtcurrstockvalue.text), textToDouble(em.txtcurrtotal.text)));

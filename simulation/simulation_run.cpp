@@ -89,6 +89,8 @@ RunOutcome Run::go() {
         trapped([&] { m_v.compareRows->flush(); }, [&](const VbError& e) { m_run.reporter.report(e, kRunPlace); });
     m_v.simtrades.reset();
     m_v.compareRows.reset();
+    m_v.symbol.clear();
+    m_v.beginning = {};
     if (work)
         statement([&] { work->commit(); });
     return m_run.outcome;
@@ -108,6 +110,7 @@ void Run::steps() {
         statement([&] { m_store.database().execute(QStringLiteral("delete * from simtrades")); });
         statement([&] { m_store.database().execute(QStringLiteral("delete * from compare")); });
     }
+    m_v.symbol = m_program.frame().equitySymbol();
     statement([&] { m_v.simtrades = std::make_shared<RowAppender>(m_store.database(), QStringLiteral("simtrades")); });
     statement([&] {
         m_v.compareRows = std::make_shared<RowAppender>(m_store.database(), QStringLiteral("compare"), kCompareGroup);

@@ -5,6 +5,7 @@
 #include <random>
 #include <string>
 
+#include "runtime/readback.h"
 #include "runtime/vberror.h"
 #include "runtime/vbmath.h"
 #include "tests/support/raised.h"
@@ -41,6 +42,33 @@ INSTANTIATE_TEST_SUITE_P(Val, ValTest,
 TEST(ValTest, NumbersTooLargeOverflow) {
     EXPECT_EQ(errorOf([] { Val(QStringLiteral("1e400")); }), err::Overflow);
     EXPECT_EQ(errorOf([] { Val(QStringLiteral("&H100000000")); }), err::Overflow);
+}
+
+// A box read back day after day: each read answers for the text the box holds at that read.
+TEST(ReadBackTest, FollowsTheText) {
+    ReadBack box;
+    const struct {
+        const char* text;
+        double val;
+        int strictError;  // 0: the strict parse reads `val`
+    } reads[] = {{"50118", 50118, 0},
+                 {"50118", 50118, 0},
+                 {" 100236", 100236, 0},
+                 {"12abc", 12, err::TypeMismatch},
+                 {"12abc", 12, err::TypeMismatch},
+                 {"", 0, err::TypeMismatch},
+                 {"481.9", 481.9, 0}};
+    for (const auto& r : reads) {
+        const QString text = QString::fromLatin1(r.text);
+        EXPECT_EQ(box.val(text), r.val) << r.text;
+        if (r.strictError == 0) {
+            EXPECT_EQ(box.number(text), r.val) << r.text;
+        } else {
+            EXPECT_EQ(errorOf([&] { box.number(text); }), r.strictError) << r.text;
+        }
+    }
+    EXPECT_EQ(errorOf([&] { box.val(QStringLiteral("1e400")); }), err::Overflow);
+    EXPECT_EQ(errorOf([&] { box.val(QStringLiteral("1e400")); }), err::Overflow);
 }
 
 struct ParseCase {
