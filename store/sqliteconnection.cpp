@@ -191,7 +191,9 @@ constexpr int kBusyTimeoutMilliseconds = 5000;
 sqlite3* openSqliteHandle(const QString& path, int flags) {
     sqlite3* handle = nullptr;
     const QByteArray name = QFile::encodeName(path);
-    const int code = sqlite3_open_v2(name.constData(), &handle, flags, nullptr);
+    // A handle is only ever used by the one thread of the program, so the engine's own locks
+    // around each call are not needed.
+    const int code = sqlite3_open_v2(name.constData(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) {
         const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
         sqlite3_close(handle);
