@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QStringList>
-#include <QVarLengthArray>
 #include <algorithm>
 #include <bitset>
 #include <cmath>
@@ -167,23 +166,54 @@ std::bitset<kMostDigits> groupBoundaries(const NumberLayout& layout, int length)
     return boundaries;
 }
 
-// One section of a number pattern, read once: its items and what they ask for.
-struct NumberSection {
-    std::vector<NumberItem> items;
-    NumberLayout layout;
+// What a section writes, in its order: a run of digit places (a comma among them only groups
+// the digits), the point, or literal text.
+struct LayoutStep {
+    enum class Kind { Integer, Point, Decimal, Text };
+    Kind kind;
+    int places = 0;
+    QString text;
 };
 
-// A laid-out number, built where it needs no memory of its own for the usual sizes.
-using NumberText = QVarLengthArray<char16_t, 96>;
+std::vector<LayoutStep> layoutSteps(const std::vector<NumberItem>& items) {
+    std::vector<LayoutStep> steps;
+    bool afterPoint = false;
+    for (const NumberItem& item : items) {
+        if (isPlaceholder(item.kind)) {
+            const LayoutStep::Kind kind = afterPoint ? LayoutStep::Kind::Decimal : LayoutStep::Kind::Integer;
+            if (steps.empty() || steps.back().kind != kind)
+                steps.push_back({kind, 0, {}});
+            ++steps.back().places;
+        } else if (item.kind == NumberToken::Point) {
+            afterPoint = true;
+            steps.push_back({LayoutStep::Kind::Point, 0, {}});
+        } else if (item.kind != NumberToken::Comma) {
+            steps.push_back({LayoutStep::Kind::Text, 0, item.text});
+        }
+    }
+    return steps;
+}
 
-void layOutSection(double value, const NumberSection& section, bool showMinus, NumberText& out) {
-    const std::vector<NumberItem>& items = section.items;
+// One section of a number pattern, read once: what it writes and what it asks for.
+struct NumberSection {
+    std::vector<LayoutStep> steps;
+    NumberLayout layout;
+    std::size_t literals = 0;  // the characters of its literal text
+};
+
+NumberSection numberSection(const std::vector<NumberItem>& items) {
+    NumberSection section{layoutSteps(items), numberLayout(items)};
+    for (const LayoutStep& step : section.steps) section.literals += static_cast<std::size_t>(step.text.size());
+    return section;
+}
+
+// Lays the value out over `text`, keeping its room.
+void layOutSection(double value, const NumberSection& section, bool showMinus, QString& text) {
     const NumberLayout& layout = section.layout;
 
     double scaled = value;
     for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
     const DecimalDigits digits(scaled, layout.decimalPlaces, Tie::AwayFromZero);
-    const bool negative = digits.negative();
     std::string_view whole = digits.whole();
     std::string_view fraction = digits.places();
     if (whole == "0")
@@ -193,17 +223,30 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, N
         fraction.remove_suffix(1);
 
     const int length = zeros + static_cast<int>(whole.size());
-    const std::bitset<kMostDigits> boundaries =
-        layout.commaOffsets.empty() ? std::bitset<kMostDigits>() : groupBoundaries(layout, length);
-    out.clear();
-    if (negative && showMinus)
-        out.append(u'-');
+    const bool grouped = !layout.commaOffsets.empty();
+    std::bitset<kMostDigits> boundaries;
+    if (grouped)
+        boundaries = groupBoundaries(layout, length);
+
+    // Laid out where it needs no memory of its own for the usual sizes: at most a minus, the
+    // literal text, each digit with a comma after it, the point and the places.
+    const std::size_t most = 2 + section.literals + 2 * static_cast<std::size_t>(length) + fraction.size();
+    char16_t local[128];
+    std::u16string large;
+    if (most > std::size(local))
+        large.resize(most);
+    char16_t* const start = large.empty() ? local : large.data();
+    char16_t* out = start;
+
+    if (digits.negative() && showMinus)
+        *out++ = u'-';
     auto emitDigit = [&](int position) {  // position 0 is the units
         const int index = length - 1 - position;
-        out.append(index < zeros ? u'0' : char16_t(whole[static_cast<std::size_t>(index - zeros)]));
-        if (position < static_cast<int>(kMostDigits) && boundaries.test(static_cast<std::size_t>(position)))
-            out.append(u',');
+        *out++ = index < zeros ? u'0' : char16_t(whole[static_cast<std::size_t>(index - zeros)]);
+        if (grouped && position < static_cast<int>(kMostDigits) && boundaries.test(static_cast<std::size_t>(position)))
+            *out++ = u',';
     };
+    // The digits beyond the integer places go before the first of them.
     bool integerStarted = false;
     auto startInteger = [&] {
         if (integerStarted)
@@ -214,26 +257,36 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, N
 
     int integerIndex = 0;
     std::size_t decimalIndex = 0;
-    bool afterPoint = false;
-    for (const NumberItem& item : items) {
-        if (isPlaceholder(item.kind) && !afterPoint) {
-            startInteger();
-            const int position = layout.integerPlaces - 1 - integerIndex++;
-            if (position < length)
-                emitDigit(position);
-        } else if (isPlaceholder(item.kind)) {
-            if (decimalIndex < fraction.size())
-                out.append(char16_t(fraction[decimalIndex]));
-            ++decimalIndex;
-        } else if (item.kind == NumberToken::Point) {
-            startInteger();
-            afterPoint = true;
-            if (!fraction.empty())
-                out.append(u'.');
-        } else if (item.kind != NumberToken::Comma) {
-            out.append(reinterpret_cast<const char16_t*>(item.text.utf16()), item.text.size());
+    for (const LayoutStep& step : section.steps) {
+        switch (step.kind) {
+            case LayoutStep::Kind::Integer: {
+                startInteger();
+                // The run's places from its leftmost; a place left of the number's digits shows
+                // nothing.
+                const int first = layout.integerPlaces - 1 - integerIndex;
+                integerIndex += step.places;
+                for (int position = std::min(first, length - 1); position > first - step.places; --position)
+                    emitDigit(position);
+                break;
+            }
+            case LayoutStep::Kind::Decimal: {
+                const std::size_t from = std::min(decimalIndex, fraction.size());
+                decimalIndex += static_cast<std::size_t>(step.places);
+                const std::size_t to = std::min(decimalIndex, fraction.size());
+                out = std::copy(fraction.begin() + from, fraction.begin() + to, out);
+                break;
+            }
+            case LayoutStep::Kind::Point:
+                startInteger();
+                if (!fraction.empty())
+                    *out++ = u'.';
+                break;
+            case LayoutStep::Kind::Text:
+                out = std::copy_n(reinterpret_cast<const char16_t*>(step.text.constData()), step.text.size(), out);
+                break;
         }
     }
+    std::copy(start, out, writableText(text, static_cast<std::size_t>(out - start)));
 }
 
 QStringList sections(const QString& pattern) {
@@ -378,9 +431,7 @@ NumberFormat::NumberFormat(const QString& pattern) {
                 read->parts.emplace_back();
                 continue;
             }
-            std::vector<NumberItem> items = numberItems(part);
-            const NumberLayout layout = numberLayout(items);
-            read->parts.push_back(NumberSection{std::move(items), layout});
+            read->parts.push_back(numberSection(numberItems(part)));
         }
     }
     m_sections = std::move(read);
@@ -398,16 +449,13 @@ void NumberFormat::into(QString& text, double value) const {
         text = numberToText(value);
         return;
     }
-    NumberText out;
     // positive;negative;zero: an empty section falls back to the first, minus and all.
     if (value < 0.0 && parts.size() > 1 && parts[1])
-        layOutSection(-value, *parts[1], false, out);
+        layOutSection(-value, *parts[1], false, text);
     else if (value == 0.0 && parts.size() > 2 && parts[2])
-        layOutSection(value, *parts[2], true, out);
+        layOutSection(value, *parts[2], true, text);
     else
-        layOutSection(value, *parts[0], true, out);
-    text.resize(out.size());
-    std::copy(out.begin(), out.end(), reinterpret_cast<char16_t*>(text.data()));
+        layOutSection(value, *parts[0], true, text);
 }
 
 QString formatNumber(double value, const QString& pattern) {

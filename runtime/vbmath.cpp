@@ -30,21 +30,61 @@ constexpr double kExactWhole = 9007199254740992.0;  // 2^53
 constexpr double kQuickScaled = 2147483648.0;  // 2^31
 constexpr double kTieMargin = 1e-4;
 constexpr int kQuickPlaces = 9;
+// The digits of the largest whole number that a decimal's digits are laid out from.
+constexpr std::size_t kMostWholeDigits = 20;
 
 // The value rounded to `decimals` places, as a whole number of those places, where that needs
-// no look at its shown digits: none when it lies near a half, or is too large or too fine.
-std::optional<std::int64_t> quickScaled(double value, int decimals) {
+// no look at its shown digits: none when it lies near a half but not on it, or is too large or
+// too fine.
+std::optional<std::int64_t> quickScaled(double value, int decimals, Tie tie) {
     if (decimals < 0 || decimals > kQuickPlaces || !std::isfinite(value))
         return std::nullopt;
     const double scaled = std::fabs(value) * kPowersOfTen[decimals];
     if (!(scaled < kQuickScaled))
         return std::nullopt;
-    const double whole = std::floor(scaled);
-    const double fraction = scaled - whole;
-    if (std::fabs(fraction - 0.5) < kTieMargin)
-        return std::nullopt;
-    const auto rounded = static_cast<std::int64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+    const auto whole = static_cast<std::int64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(whole);
+    bool up = fraction > 0.5;
+    if (std::fabs(fraction - 0.5) < kTieMargin) {
+        // A value that is exactly a half of a place, as a float's amount often is, has that
+        // half in its shown digits too: it has at most eleven of them.
+        if (fraction != 0.5 || std::fma(std::fabs(value), kPowersOfTen[decimals], -scaled) != 0.0)
+            return std::nullopt;
+        up = tie == Tie::AwayFromZero || whole % 2 != 0;
+    }
+    const std::int64_t rounded = whole + (up ? 1 : 0);
     return value < 0 ? -rounded : rounded;
+}
+
+}  // namespace
+
+char16_t* writableText(QString& text, std::size_t size) {
+    // A box written every day mostly keeps its length, and then is not resized at all.
+    if (text.size() != static_cast<qsizetype>(size))
+        text.resize(static_cast<qsizetype>(size));
+    return reinterpret_cast<char16_t*>(text.data());
+}
+
+namespace {
+
+// The digits of a whole number, written two at a time so that they end at `end`; where they
+// start.
+char* digitsBefore(char* end, std::uint64_t n) {
+    static constexpr char kPairs[] =
+        "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+        "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+        "8081828384858687888990919293949596979899";
+    char* first = end;
+    const auto pair = [&](std::uint64_t twoDigits) {
+        *--first = kPairs[2 * twoDigits + 1];
+        *--first = kPairs[2 * twoDigits];
+    };
+    for (; n >= 100; n /= 100) pair(n % 100);
+    if (n >= 10)
+        pair(n);
+    else
+        *--first = static_cast<char>('0' + n);
+    return first;
 }
 
 // Writes a decimal's digits over `text`, "-12.50", keeping the room the text has.
@@ -52,8 +92,7 @@ void writeDecimal(const DecimalDigits& digits, QString& text) {
     const std::string_view whole = digits.whole();
     const std::string_view places = digits.places();
     const std::size_t point = places.empty() ? 0 : 1;
-    text.resize(static_cast<qsizetype>((digits.negative() ? 1 : 0) + whole.size() + point + places.size()));
-    auto* out = reinterpret_cast<char16_t*>(text.data());
+    auto* out = writableText(text, (digits.negative() ? 1 : 0) + whole.size() + point + places.size());
     if (digits.negative())
         *out++ = u'-';
     out = std::copy(whole.begin(), whole.end(), out);
@@ -347,7 +386,7 @@ DecimalDigits::DecimalDigits(double value, int decimals, Tie tie) {
         m_wholeLength = m_digits.size();
         return;
     }
-    if (const std::optional<std::int64_t> quick = quickScaled(value, decimals))
+    if (const std::optional<std::int64_t> quick = quickScaled(value, decimals, tie))
         layOut(*quick, decimals);
     else
         general(value, decimals, tie);
@@ -358,14 +397,13 @@ DecimalDigits::DecimalDigits(std::int64_t scaled, int decimals) {
 }
 
 void DecimalDigits::layOut(std::int64_t scaled, int decimals) {
-    if (decimals < 0 || decimals > kQuickPlaces)
+    if (decimals < 0 || static_cast<std::size_t>(decimals) >= m_quick.size() - kMostWholeDigits)
         raise(err::InvalidProcedureCall);
     m_negative = scaled < 0;
-    const auto magnitude = static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled);
-    // The digits go after room for the zeros that a decimal below 1 has before them.
-    char* const start = m_quick.data() + kQuickPlaces + 1;
-    char* const end = std::to_chars(start, m_quick.data() + m_quick.size(), magnitude).ptr;
-    char* first = start;
+    const auto magnitude = m_negative ? 0 - static_cast<std::uint64_t>(scaled) : static_cast<std::uint64_t>(scaled);
+    // Then the zeros that a decimal below 1 has before its digits.
+    char* const end = m_quick.data() + m_quick.size();
+    char* first = digitsBefore(end, magnitude);
     while (end - first < decimals + 1) *--first = '0';
     m_digits = std::string_view(first, static_cast<std::size_t>(end - first));
     m_wholeLength = m_digits.size() - static_cast<std::size_t>(decimals);
@@ -425,7 +463,7 @@ double roundTo(double value, int digits, Tie tie) {
         raise(err::InvalidProcedureCall);
     if (!std::isfinite(value) || value == 0.0)
         return value;
-    if (const std::optional<std::int64_t> quick = quickScaled(value, digits))
+    if (const std::optional<std::int64_t> quick = quickScaled(value, digits, tie))
         return static_cast<double>(*quick) / kPowersOfTen[digits];
     // A value whose shown digits all lie before the cut has nothing to round.
     if (significantDigits(value).exponent + 1 + digits >= kSignificantDigits)
@@ -516,14 +554,19 @@ namespace {
 constexpr int kSingleDigits = 7;
 constexpr double kSingleExponentFrom = 1e7;
 
-// A float's value to its seven digits, where that needs no general conversion: from 1e-4 up
-// to the exponent form, and not near a half of the seventh digit.
-std::optional<double> quickSingleDigits(double value) {
+// The decades of a float's usual values, from 1e-3 up: how many lie at or below a value tells
+// the power of ten of its first digit.
+constexpr double kDecades[] = {1e-3, 1e-2, 1e-1, 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+
+// A float's value to its seven digits, as a decimal of few places, where that needs no general
+// conversion: from 1e-4 up to the exponent form, and not near a half of the seventh digit.
+std::optional<std::pair<std::int64_t, int>> quickSingleDigits(double value) {
     const double magnitude = std::fabs(value);
     if (!(magnitude >= 1e-4 && magnitude < kSingleExponentFrom))
         return std::nullopt;
     // The places that leave seven digits before the point: from 10 (at 1e-4) down to 0.
-    int places = kSingleDigits - 1 - static_cast<int>(std::floor(std::log10(magnitude)));
+    int places = 10;
+    for (const double decade : kDecades) places -= magnitude >= decade ? 1 : 0;
     const auto scaledBy = [&](int p) { return p >= 0 ? magnitude * kPowersOfTen[p] : magnitude / kPowersOfTen[-p]; };
     double scaled = scaledBy(places);
     if (scaled >= 1e7)
@@ -535,8 +578,10 @@ std::optional<double> quickSingleDigits(double value) {
     const double whole = std::floor(scaled);
     if (std::fabs(scaled - whole - 0.5) < kTieMargin)
         return std::nullopt;
-    const double rounded = (scaled - whole > 0.5 ? whole + 1 : whole) / kPowersOfTen[places];
-    return value < 0 ? -rounded : rounded;
+    auto digits = static_cast<std::int64_t>(scaled - whole > 0.5 ? whole + 1 : whole);
+    // The places end with the last digit that is not 0.
+    for (; places > 0 && digits % 10 == 0; --places) digits /= 10;
+    return std::pair{value < 0 ? -digits : digits, places};
 }
 
 }  // namespace
@@ -564,8 +609,8 @@ QString singleText(float value) {
 
 void singleText(float value, QString& text) {
     const double v = static_cast<double>(value);
-    if (const std::optional<double> quick = quickSingleDigits(v)) {
-        numberToText(*quick, text);
+    if (const auto quick = quickSingleDigits(v)) {
+        writeDecimal(DecimalDigits(quick->first, quick->second), text);
         return;
     }
     if (std::fabs(v) < kSingleExponentFrom) {

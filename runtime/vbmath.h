@@ -40,7 +40,7 @@ class DecimalDigits {
 public:
     // The value rounded to `decimals` places, a half as `tie` says; a result of 0 is not below 0.
     DecimalDigits(double value, int decimals, Tie tie);
-    // A whole number of places, up to nine: 1250 with 2 places is 12.50.
+    // A whole number of places: 1250 with 2 places is 12.50.
     DecimalDigits(std::int64_t scaled, int decimals);
     // The parts point into the object itself.
     DecimalDigits(const DecimalDigits&) = delete;
@@ -60,6 +60,9 @@ private:
     std::size_t m_wholeLength = 0;
     bool m_negative = false;
 };
+
+// `text` made `size` characters long to be written over, keeping its room; where to write.
+char16_t* writableText(QString& text, std::size_t size);
 
 // Str(x): the numeric-to-string conversion with its leading blank for values not negative and
 // no zero before the point: " 140", " .5", "-.5".
