@@ -3,8 +3,10 @@
 #include <sqlite3.h>
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 #include "runtime/vbdate.h"
 #include "runtime/vberror.h"
@@ -188,12 +190,49 @@ Variant toFieldValue(const Variant& value, FieldKind kind) {
     return value;
 }
 
-void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
+bool appendStoredText(const Variant& value, std::string& texts) {
     switch (value.kind()) {
+        case Variant::Kind::String: {
+            const QString text = value.toString();
+            const auto* begin = reinterpret_cast<const char16_t*>(text.constData());
+            const auto* end = begin + text.size();
+            // The usual text is plain ASCII, which is its own UTF-8.
+            if (std::all_of(begin, end, [](char16_t c) { return c < 0x80; })) {
+                std::transform(begin, end, std::back_inserter(texts), [](char16_t c) { return static_cast<char>(c); });
+            } else {
+                const QByteArray utf8 = text.toUtf8();
+                texts.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
+            }
+            return true;
+        }
+        case Variant::Kind::Date:
+            if (char day[11]; wholeIsoDay(value.toDouble(), day)) {
+                texts.append(day, 10);
+            } else {
+                const QByteArray text = isoDateText(value.toDouble()).toUtf8();
+                texts.append(text.constData(), static_cast<std::size_t>(text.size()));
+            }
+            return true;
         case Variant::Kind::Empty:
         case Variant::Kind::Null:
-            sqlite3_bind_null(statement, index);
-            return;
+        case Variant::Kind::Boolean:
+        case Variant::Kind::Long:
+        case Variant::Kind::Double:
+            break;
+    }
+    return false;
+}
+
+void bindStoredText(sqlite3_stmt* statement, int index, std::string_view text) {
+    sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+}
+
+void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
+    if (std::string text; appendStoredText(value, text)) {
+        sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        return;
+    }
+    switch (value.kind()) {
         case Variant::Kind::Boolean:
         case Variant::Kind::Long:
             sqlite3_bind_int64(statement, index, value.toLong());
@@ -201,20 +240,9 @@ void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
         case Variant::Kind::Double:
             sqlite3_bind_double(statement, index, value.toDouble());
             return;
-        case Variant::Kind::String: {
-            const QByteArray text = value.toString().toUtf8();
-            sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        default:
+            sqlite3_bind_null(statement, index);
             return;
-        }
-        case Variant::Kind::Date: {
-            if (char day[11]; wholeIsoDay(value.toDouble(), day)) {
-                sqlite3_bind_text(statement, index, day, 10, SQLITE_TRANSIENT);
-                return;
-            }
-            const QByteArray text = isoDateText(value.toDouble()).toUtf8();
-            sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-            return;
-        }
     }
 }
 

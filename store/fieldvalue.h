@@ -5,6 +5,8 @@
 
 #include <QString>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "runtime/variant.h"
 
@@ -31,5 +33,11 @@ Variant toFieldValue(const Variant& value, FieldKind kind);
 
 // Binds a value as toFieldValue gives it; dates go in as ISO text.
 void bindField(sqlite3_stmt* statement, int index, const Variant& value);
+
+// The text a value goes into the file as, when it goes in as text: a text in UTF-8, a date as
+// ISO text. Appended to `texts`; false for a number or Null, which bindField binds as it is.
+bool appendStoredText(const Variant& value, std::string& texts);
+// Binds such a text where it lies, without a copy: it must stay put until the statement has run.
+void bindStoredText(sqlite3_stmt* statement, int index, std::string_view text);
 
 }  // namespace ostravel

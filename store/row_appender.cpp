@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <limits>
+
 #include "runtime/trap.h"
 #include "runtime/vberror.h"
 #include "store/database.h"
@@ -15,6 +17,9 @@ namespace {
 
 // One bit a column in the mask of the columns set.
 constexpr int kMostColumns = 64;
+
+// A value of the group that goes in as a number or Null.
+constexpr std::size_t kNoText = std::numeric_limits<std::size_t>::max();
 
 bool isSet(std::uint64_t columns, int position) {
     return (columns & (std::uint64_t{1} << position)) != 0;
@@ -57,6 +62,10 @@ void RowAppender::setField(int position, const Variant& value) {
 }
 
 void RowAppender::setField(const QString& name, const Variant& value) {
+    // The program spells a column's name as the table does; any other spelling reaches it too.
+    for (int i = 0; i < fieldCount(); ++i)
+        if (m_columns[static_cast<std::size_t>(i)].name == name)
+            return setField(i, value);
     for (int i = 0; i < fieldCount(); ++i)
         if (m_columns[static_cast<std::size_t>(i)].name.compare(name, Qt::CaseInsensitive) == 0)
             return setField(i, value);
@@ -92,9 +101,10 @@ void RowAppender::update() {
         raise(err::UpdateWithoutAddNew);
     if (m_waitingRows > 0 && m_set != m_waitingSet)
         flush();
+    // The row's values move on: the next row starts from an empty buffer.
     for (int i = 0; i < fieldCount(); ++i)
         if (isSet(m_set, i))
-            m_waiting.push_back(m_buffer[static_cast<std::size_t>(i)]);
+            m_waiting.push_back(std::move(m_buffer[static_cast<std::size_t>(i)]));
     m_waitingSet = m_set;
     ++m_waitingRows;
     // As on a recordset, the row handed over ends the new row.
@@ -115,10 +125,24 @@ void RowAppender::flush() {
     const int times = columns == 0 ? m_waitingRows : 1;
     m_waiting.clear();
     m_waitingRows = 0;
+    // The group's texts are laid out first, then bound where they lie: the engine needs no copy.
+    m_texts.clear();
+    m_textEnds.clear();
+    for (const Variant& value : m_writing)
+        m_textEnds.push_back(appendStoredText(value, m_texts) ? m_texts.size() : kNoText);
     for (int time = 0; time < times; ++time) {
         Statement insert = m_connection->cached(insertFor(columns, rows));
-        int index = 1;
-        for (const Variant& value : m_writing) bindField(insert.get(), index++, value);
+        std::size_t start = 0;
+        for (std::size_t i = 0; i < m_writing.size(); ++i) {
+            const int index = static_cast<int>(i) + 1;
+            const std::size_t end = m_textEnds[i];
+            if (end == kNoText) {
+                bindField(insert.get(), index, m_writing[i]);
+                continue;
+            }
+            bindStoredText(insert.get(), index, std::string_view(m_texts).substr(start, end - start));
+            start = end;
+        }
         insert.step();
         m_connection->noteWrite();
     }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "runtime/variant.h"
@@ -59,8 +60,10 @@ private:
     std::vector<Variant> m_buffer;
     std::uint64_t m_set = 0;
     bool m_adding = false;
-    std::vector<Variant> m_waiting;  // the set fields of the rows handed over, row after row
-    std::vector<Variant> m_writing;  // the group being written
+    std::vector<Variant> m_waiting;       // the set fields of the rows handed over, row after row
+    std::vector<Variant> m_writing;       // the group being written
+    std::string m_texts;                  // the group's texts as they go into the file, one after another
+    std::vector<std::size_t> m_textEnds;  // where each value's text ends in m_texts
     std::uint64_t m_waitingSet = 0;
     int m_waitingRows = 0;
 };
