@@ -19,6 +19,8 @@ const NumberFormat kPricePattern(QStringLiteral("0"));
 
 // The simulation's minimum trade at the start, growing with simportcontrol.
 constexpr float kBaseTrade = 1000;
+// Shown every day as the amount of the next sell and the next buy.
+const QString kBaseTradeText = singleText(kBaseTrade);
 
 float quotient(float a, float b) {
     return toSingleChecked(divide(a, b));
@@ -155,7 +157,7 @@ void SimulationStep::nextSell() {
     passedOver([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
     numberToText(m_v.simsellshares, m_em.txtnextsell.text);
     kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
-    singleText(m_v.simsellamount, m_em.txtnextsellamount.text);
+    m_em.txtnextsellamount.text = kBaseTradeText;
 }
 
 void SimulationStep::buy() {
@@ -203,7 +205,7 @@ void SimulationStep::nextBuy() {
     passedOver([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
     numberToText(m_v.simbuyshares, m_em.txtnextbuy.text);
     kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
-    singleText(m_v.simbuyamount, m_em.txtnextbuyamount.text);
+    m_em.txtnextbuyamount.text = kBaseTradeText;
 }
 
 void SimulationStep::addTrade(std::int16_t shares) {

@@ -120,6 +120,14 @@ QString Variant::toString() const {
     return {};
 }
 
+void Variant::toString(QString& text) const {
+    // A number of a day's row, written every day of a run.
+    if (kind() == Kind::Double)
+        numberToText(std::get<double>(m_value), text);
+    else
+        text = toString();
+}
+
 bool Variant::toBool() const {
     if (kind() == Kind::String) {
         const QString text = std::get<QString>(m_value).trimmed();

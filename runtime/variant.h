@@ -34,10 +34,11 @@ public:
     // Conversions as the run time does them: Null raises 94, a text that is no number raises 13,
     // Empty reads as 0 or "", True is -1. Texts convert by the strict parse (CDbl), not by Val.
     double toDouble() const;
-    std::int64_t toLong() const;  // rounds halves to even, as CLng does; beyond 64 bits raises 6
-    QString toString() const;     // CStr: "0.5", "True", dates as dateToString
-    bool toBool() const;          // "True"/"False" in any case, else a number not 0
-    double toDate() const;        // a date serial; texts through the run-time date parser
+    std::int64_t toLong() const;         // rounds halves to even, as CLng does; beyond 64 bits raises 6
+    QString toString() const;            // CStr: "0.5", "True", dates as dateToString
+    void toString(QString& text) const;  // the same written over `text`, which keeps its room
+    bool toBool() const;                 // "True"/"False" in any case, else a number not 0
+    double toDate() const;               // a date serial; texts through the run-time date parser
 
     bool operator==(const Variant& other) const;
 

@@ -57,7 +57,7 @@ void equitycurrent(Program& program) {
         trapped(body, [&](const VbError& e) { run.reporter.report(e, kCurrentPlace); });
     };
 
-    statement([&] { em.txtcurrprice.text = run.day().field(QStringLiteral("Close")).toString(); });
+    statement([&] { run.day().field(QStringLiteral("Close")).toString(em.txtcurrprice.text); });
     statement([&] { numberToText(v.simshares, em.txtcurrshare.text); });
     statement([&] { kMoney.into(em.txtcurrcash.text, v.simcash); });
     statement([&] { kMoney.into(em.txtcurrstockvalue.text, v.simvalue); });

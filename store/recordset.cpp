@@ -137,7 +137,7 @@ void Recordset::readColumns(sqlite3_stmt* statement) {
     }
     // The first of two columns of one name is the one that the name reaches.
     for (int i = columns - 1; i >= 0; --i) m_positions.insert(m_columns[static_cast<std::size_t>(i)].name.toLower(), i);
-    for (const Column& column : m_columns) m_spelled.insert(column.name, m_positions.value(column.name.toLower()));
+    for (Column& column : m_columns) column.reached = m_positions.value(column.name.toLower());
 }
 
 void Recordset::requireOpen() const {
@@ -148,6 +148,11 @@ void Recordset::requireOpen() const {
 
 void Recordset::requireCurrent() const {
     requireOpen();
+    requireRow();
+}
+
+// On a recordset known to be open.
+void Recordset::requireRow() const {
     if (m_currentDeleted || m_position < 0 || m_position >= count())
         raise(err::NoCurrentRecord);
 }
@@ -227,7 +232,7 @@ void Recordset::movePrevious() {
 }
 
 std::span<const Variant> Recordset::currentRow() const {
-    requireCurrent();
+    requireRow();
     if (!m_updatable)
         return std::span(m_snapshot).subspan(static_cast<std::size_t>(m_position) * m_columns.size(), m_columns.size());
     const ChangeStamp stamp = m_connection->changeStamp();
@@ -246,9 +251,11 @@ std::span<const Variant> Recordset::currentRow() const {
 }
 
 int Recordset::indexOf(const QString& name) const {
-    // Most reads spell the name as the column does, and need no lower-case copy of it.
-    if (const auto spelled = m_spelled.constFind(name); spelled != m_spelled.constEnd())
-        return spelled.value();
+    // Most reads spell the name as the column does, and need no lower-case copy of it: the
+    // few names of a row are looked through faster than a hash of the name is made.
+    for (const Column& column : m_columns)
+        if (column.name == name)
+            return column.reached;
     const auto found = m_positions.constFind(name.toLower());
     if (found == m_positions.constEnd())
         raise(err::ItemNotFound);
@@ -269,13 +276,18 @@ QString Recordset::fieldName(int position) const {
 
 Variant Recordset::field(const QString& name) const {
     requireOpen();
-    return field(indexOf(name));
+    return value(indexOf(name));
 }
 
 Variant Recordset::field(int position) const {
     requireOpen();
-    if (position < 0 || position >= fieldCount())
+    if (position < 0 || position >= static_cast<int>(m_columns.size()))
         raise(err::ItemNotFound);
+    return value(position);
+}
+
+// A column's value on a recordset known to be open.
+Variant Recordset::value(int position) const {
     if (m_mode != EditMode::None)
         return m_buffer[static_cast<std::size_t>(position)];
     return currentRow()[static_cast<std::size_t>(position)];

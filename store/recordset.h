@@ -67,7 +67,8 @@ private:
     struct Column {
         QString name;
         FieldKind kind;
-        QString origin;  // the table's column behind it; empty for a computed column
+        QString origin;   // the table's column behind it; empty for a computed column
+        int reached = 0;  // the column that its name reaches: the first of that name
     };
 
     void openRows(const QString& sql);
@@ -76,10 +77,12 @@ private:
     void followTable() const;
     void requireOpen() const;
     void requireCurrent() const;
+    void requireRow() const;
     void requireUpdatable() const;
     void leaveEditMode();
     long count() const;
     int indexOf(const QString& name) const;
+    Variant value(int position) const;
     std::span<const Variant> currentRow() const;
     void find(const QString& criteria, long start);
     std::vector<bool> matchingRows(const QString& criteria) const;
@@ -89,7 +92,6 @@ private:
     std::shared_ptr<SqliteConnection> m_connection;
     std::vector<Column> m_columns;
     QHash<QString, int> m_positions;  // lower-case name -> first column of that name
-    QHash<QString, int> m_spelled;    // the same, by the names as the columns spell them
     bool m_updatable = false;
     bool m_isTable = false;
     QString m_table;                  // written to by update, addNew and deleteCurrent
