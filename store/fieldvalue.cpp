@@ -20,9 +20,9 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr qint64 kEpochJulianDay = 2415019;
 constexpr double kWholeDayLimit = 2.0e6;
 
-QString columnText(sqlite3_stmt* statement, int column) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+QString valueText(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return QString::fromUtf8(text, sqlite3_value_bytes(value));
 }
 
 [[noreturn]] void conversionError() {
@@ -130,25 +130,29 @@ std::optional<double> parseIsoDate(const QString& text) {
 }
 
 Variant readField(sqlite3_stmt* statement, int column, FieldKind kind) {
-    const int stored = sqlite3_column_type(statement, column);
+    return readValue(sqlite3_column_value(statement, column), kind);
+}
+
+Variant readValue(sqlite3_value* value, FieldKind kind) {
+    const int stored = sqlite3_value_type(value);
     if (stored == SQLITE_NULL)
         return Variant::null();
     switch (kind) {
         case FieldKind::Date:
             if (stored == SQLITE_TEXT) {
-                const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-                if (const auto plain = plainIsoDay(bytes, sqlite3_column_bytes(statement, column)); plain && *plain)
+                const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+                if (const auto plain = plainIsoDay(bytes, sqlite3_value_bytes(value)); plain && *plain)
                     return Variant::date(**plain);
-                const QString text = columnText(statement, column);
+                const QString text = valueText(value);
                 if (const std::optional<double> serial = parseIsoDate(text))
                     return Variant::date(*serial);
                 if (const std::optional<double> serial = parseDate(text))
                     return Variant::date(*serial);
                 return Variant(text);
             }
-            return Variant::date(sqlite3_column_double(statement, column));
+            return Variant::date(sqlite3_value_double(value));
         case FieldKind::Text:
-            return Variant(columnText(statement, column));
+            return Variant(valueText(value));
         case FieldKind::Integer:
         case FieldKind::Real:
         case FieldKind::Untyped:
@@ -157,12 +161,12 @@ Variant readField(sqlite3_stmt* statement, int column, FieldKind kind) {
     switch (stored) {
         case SQLITE_INTEGER:
             if (kind == FieldKind::Real)
-                return Variant(sqlite3_column_double(statement, column));
-            return Variant(static_cast<std::int64_t>(sqlite3_column_int64(statement, column)));
+                return Variant(sqlite3_value_double(value));
+            return Variant(static_cast<std::int64_t>(sqlite3_value_int64(value)));
         case SQLITE_FLOAT:
-            return Variant(sqlite3_column_double(statement, column));
+            return Variant(sqlite3_value_double(value));
         default:
-            return Variant(columnText(statement, column));
+            return Variant(valueText(value));
     }
 }
 

@@ -11,6 +11,7 @@
 #include "runtime/variant.h"
 
 struct sqlite3_stmt;
+struct sqlite3_value;
 
 namespace ostravel {
 
@@ -25,6 +26,9 @@ std::optional<double> parseIsoDate(const QString& text);
 
 // Column i of the statement's current row; a missing value is Null.
 Variant readField(sqlite3_stmt* statement, int column, FieldKind kind);
+// The same from the column's value as the engine holds it (sqlite3_column_value): read straight,
+// without the engine's checks around each call, as the program's one thread owns its handles.
+Variant readValue(sqlite3_value* value, FieldKind kind);
 
 // The value a column of that kind keeps for what the program assigns: numbers and numeric
 // texts to number columns, dates and date texts to date columns, anything to text columns.

@@ -104,11 +104,10 @@ void Recordset::openRows(const QString& sql) {
     std::vector<QByteArray> textAbove(width);
     while (rows.step()) {
         for (std::size_t i = 0; i < width; ++i) {
-            const int column = static_cast<int>(i);
+            sqlite3_value* const value = sqlite3_column_value(rows.get(), static_cast<int>(i));
             if (m_snapshotRows > 0 && m_columns[i].kind == FieldKind::Text &&
-                sqlite3_column_type(rows.get(), column) != SQLITE_NULL) {
-                const QByteArrayView text(sqlite3_column_text(rows.get(), column),
-                                          sqlite3_column_bytes(rows.get(), column));
+                sqlite3_value_type(value) != SQLITE_NULL) {
+                const QByteArrayView text(sqlite3_value_text(value), sqlite3_value_bytes(value));
                 const Variant& above = m_snapshot[m_snapshot.size() - width];
                 if (text == textAbove[i] && above.kind() == Variant::Kind::String) {
                     m_snapshot.push_back(above);
@@ -116,7 +115,7 @@ void Recordset::openRows(const QString& sql) {
                 }
                 textAbove[i] = text.toByteArray();
             }
-            m_snapshot.push_back(readField(rows.get(), column, m_columns[i].kind));
+            m_snapshot.push_back(readValue(value, m_columns[i].kind));
         }
         ++m_snapshotRows;
     }
