@@ -199,12 +199,34 @@ struct NumberSection {
     std::vector<LayoutStep> steps;
     NumberLayout layout;
     std::size_t literals = 0;  // the characters of its literal text
+    // The usual section, "#####.##" or "#0.#%": its text only before and after one run of
+    // integer places, the point and one run of places, and no grouping.
+    bool plain = false;
+    QString before, after;
 };
 
 NumberSection numberSection(const std::vector<NumberItem>& items) {
-    NumberSection section{layoutSteps(items), numberLayout(items)};
+    NumberSection section;
+    section.steps = layoutSteps(items);
+    section.layout = numberLayout(items);
     for (const LayoutStep& step : section.steps) section.literals += static_cast<std::size_t>(step.text.size());
+    using Kind = LayoutStep::Kind;
+    const auto isText = [](const LayoutStep& step) { return step.kind == Kind::Text; };
+    const auto first = std::find_if_not(section.steps.begin(), section.steps.end(), isText);
+    const auto last = std::find_if_not(section.steps.rbegin(), section.steps.rend(), isText).base();
+    std::vector<Kind> middle;
+    for (auto step = first; step < last; ++step) middle.push_back(step->kind);
+    section.plain = section.layout.commaOffsets.empty() &&
+                    (middle == std::vector{Kind::Integer} || middle == std::vector{Kind::Integer, Kind::Point} ||
+                     middle == std::vector{Kind::Integer, Kind::Point, Kind::Decimal});
+    for (auto step = section.steps.begin(); step < first; ++step) section.before += step->text;
+    for (auto step = last; step < section.steps.end(); ++step) section.after += step->text;
     return section;
+}
+
+// Writes a section's text at `out`; where it ends.
+char16_t* writeText(char16_t* out, const QString& text) {
+    return std::copy_n(reinterpret_cast<const char16_t*>(text.constData()), text.size(), out);
 }
 
 // Lays the value out over `text`, keeping its room.
@@ -223,6 +245,27 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, Q
         fraction.remove_suffix(1);
 
     const int length = zeros + static_cast<int>(whole.size());
+    const bool minus = digits.negative() && showMinus;
+    if (section.plain) {
+        // Laid out straight: the minus, the text before, the digits, the point and the places,
+        // the text after.
+        const std::size_t point = fraction.empty() ? 0 : 1;
+        char16_t* out = writableText(text, (minus ? 1 : 0) + static_cast<std::size_t>(section.before.size()) +
+                                               static_cast<std::size_t>(length) + point + fraction.size() +
+                                               static_cast<std::size_t>(section.after.size()));
+        if (minus)
+            *out++ = u'-';
+        out = writeText(out, section.before);
+        out = std::fill_n(out, zeros, u'0');
+        out = std::copy(whole.begin(), whole.end(), out);
+        if (point != 0) {
+            *out++ = u'.';
+            out = std::copy(fraction.begin(), fraction.end(), out);
+        }
+        writeText(out, section.after);
+        return;
+    }
+
     const bool grouped = !layout.commaOffsets.empty();
     std::bitset<kMostDigits> boundaries;
     if (grouped)
@@ -238,7 +281,7 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, Q
     char16_t* const start = large.empty() ? local : large.data();
     char16_t* out = start;
 
-    if (digits.negative() && showMinus)
+    if (minus)
         *out++ = u'-';
     auto emitDigit = [&](int position) {  // position 0 is the units
         const int index = length - 1 - position;
@@ -282,7 +325,7 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, Q
                     *out++ = u'.';
                 break;
             case LayoutStep::Kind::Text:
-                out = std::copy_n(reinterpret_cast<const char16_t*>(step.text.constData()), step.text.size(), out);
+                out = writeText(out, step.text);
                 break;
         }
     }
