@@ -227,34 +227,28 @@ double radixValue(const QString& text, qsizetype pos, int radix) {
 // the number ends at the first character that can't go on with it (Val). None when anything
 // else is there, for the general parse to read.
 std::optional<double> quickText(QStringView text, bool whole) {
-    qsizetype pos = 0;
-    while (pos < text.size() && text[pos] == u' ') ++pos;
-    bool negative = false;
-    if (pos < text.size() && (text[pos] == u'-' || text[pos] == u'+')) {
-        negative = text[pos] == u'-';
-        ++pos;
-    }
+    const char16_t* at = text.utf16();
+    const char16_t* const end = at + text.size();
+    while (at != end && *at == u' ') ++at;
+    const bool negative = at != end && *at == u'-';
+    if (at != end && (*at == u'-' || *at == u'+'))
+        ++at;
+    const char16_t* const first = at;
     std::uint64_t digits = 0;
-    int count = 0;
-    int places = 0;
-    bool point = false;
-    for (; pos < text.size(); ++pos) {
-        const char16_t c = text[pos].unicode();
-        if (c >= u'0' && c <= u'9') {
-            if (++count > kSignificantDigits)
-                return std::nullopt;
-            digits = digits * 10 + (c - u'0');
-            places += point ? 1 : 0;
-        } else if (c == u'.' && !point) {
-            point = true;
-        } else {
-            break;
-        }
+    const auto readDigits = [&] {
+        for (; at != end && *at >= u'0' && *at <= u'9'; ++at) digits = digits * 10 + (*at - u'0');
+    };
+    readDigits();
+    const char16_t* point = nullptr;
+    if (at != end && *at == u'.') {
+        point = at++;
+        readDigits();
     }
-    if (count == 0)
+    const auto count = (at - first) - (point != nullptr ? 1 : 0);
+    if (count == 0 || count > kSignificantDigits)
         return std::nullopt;
-    for (qsizetype rest = pos; rest < text.size(); ++rest) {
-        const char16_t c = text[rest].unicode();
+    for (const char16_t* rest = at; rest != end; ++rest) {
+        const char16_t c = *rest;
         const bool blank = c == u' ';
         // Blanks inside a number, an exponent, a second point: the general parse decides.
         if (c == u'\t' || c == u'\n' || c == u'e' || c == u'E' || c == u'd' || c == u'D' || c == u'.' ||
@@ -263,6 +257,7 @@ std::optional<double> quickText(QStringView text, bool whole) {
         if (!whole)
             break;
     }
+    const auto places = point != nullptr ? at - point - 1 : 0;
     const double value = static_cast<double>(digits) / kPowersOfTen[places];
     return negative ? -value : value;
 }
