@@ -34,25 +34,6 @@ Variant Variant::date(double serial) {
     return value;
 }
 
-Variant::Kind Variant::kind() const {
-    switch (m_value.index()) {
-        case 0:
-            return Kind::Empty;
-        case 1:
-            return Kind::Null;
-        case 2:
-            return Kind::Boolean;
-        case 3:
-            return Kind::Long;
-        case 4:
-            return Kind::Double;
-        case 5:
-            return Kind::String;
-        default:
-            return Kind::Date;
-    }
-}
-
 bool Variant::isNumeric() const {
     switch (kind()) {
         case Kind::Empty:

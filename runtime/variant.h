@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <cstdint>
+#include <type_traits>
 #include <variant>
 
 namespace ostravel {
@@ -23,7 +24,9 @@ public:
     // A date as days since 30 Dec 1899, the fraction being the time of day.
     static Variant date(double serial);
 
-    Kind kind() const;
+    // The kinds stand in the order of the types the value holds; a value left without one by
+    // a failed assignment reads as the last.
+    Kind kind() const { return m_value.valueless_by_exception() ? Kind::Date : static_cast<Kind>(m_value.index()); }
     bool isNull() const { return kind() == Kind::Null; }
     bool isEmpty() const { return kind() == Kind::Empty; }
     bool isNumber() const { return kind() == Kind::Long || kind() == Kind::Double || kind() == Kind::Boolean; }
@@ -50,7 +53,10 @@ private:
         double serial;
         bool operator==(const DateTag&) const = default;
     };
-    std::variant<std::monostate, NullTag, bool, std::int64_t, double, QString, DateTag> m_value;
+    using Value = std::variant<std::monostate, NullTag, bool, std::int64_t, double, QString, DateTag>;
+    Value m_value;
+    static_assert(std::is_same_v<std::variant_alternative_t<static_cast<std::size_t>(Kind::Double), Value>, double>);
+    static_assert(std::is_same_v<std::variant_alternative_t<static_cast<std::size_t>(Kind::Date), Value>, DateTag>);
 };
 
 }  // namespace ostravel

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <iterator>
 
 #include "runtime/vbdate.h"
 #include "runtime/vberror.h"
@@ -202,7 +201,10 @@ bool appendStoredText(const Variant& value, std::string& texts) {
             const auto* end = begin + text.size();
             // The usual text is plain ASCII, which is its own UTF-8.
             if (std::all_of(begin, end, [](char16_t c) { return c < 0x80; })) {
-                std::transform(begin, end, std::back_inserter(texts), [](char16_t c) { return static_cast<char>(c); });
+                const std::size_t at = texts.size();
+                texts.resize(at + static_cast<std::size_t>(text.size()));
+                std::transform(begin, end, texts.begin() + static_cast<std::ptrdiff_t>(at),
+                               [](char16_t c) { return static_cast<char>(c); });
             } else {
                 const QByteArray utf8 = text.toUtf8();
                 texts.append(utf8.constData(), static_cast<std::size_t>(utf8.size()));
@@ -232,11 +234,11 @@ void bindStoredText(sqlite3_stmt* statement, int index, std::string_view text) {
 }
 
 void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
-    if (std::string text; appendStoredText(value, text)) {
-        sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
-        return;
-    }
     switch (value.kind()) {
+        case Variant::Kind::Empty:
+        case Variant::Kind::Null:
+            sqlite3_bind_null(statement, index);
+            return;
         case Variant::Kind::Boolean:
         case Variant::Kind::Long:
             sqlite3_bind_int64(statement, index, value.toLong());
@@ -244,10 +246,13 @@ void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
         case Variant::Kind::Double:
             sqlite3_bind_double(statement, index, value.toDouble());
             return;
-        default:
-            sqlite3_bind_null(statement, index);
-            return;
+        case Variant::Kind::String:
+        case Variant::Kind::Date:
+            break;
     }
+    std::string text;
+    appendStoredText(value, text);
+    sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
 }  // namespace ostravel
