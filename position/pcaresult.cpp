@@ -1,5 +1,7 @@
 #include "position/pcaresult.h"
 
+#include <optional>
+
 #include "context/program.h"
 #include "position/advice.h"
 #include "position/equitymanager.h"
@@ -19,11 +21,6 @@ const NumberFormat kWhole(QStringLiteral("#0"));
 const NumberFormat kZero(QStringLiteral("0"));
 const NumberFormat kShare(QStringLiteral("#0.#%"));
 
-// The boxes take part in the sums as numbers; a box that holds no number fails its statement.
-double number(const TextBox& box) {
-    return textToDouble(box.text);
-}
-
 }  // namespace
 
 // A statement that fails is skipped and nothing is said.
@@ -32,6 +29,17 @@ void pcaresult(Program& program) {
     AdviceValues& advice = program.module<AdviceValues>();
     Store& store = program.store();
     SimulationValues& v = program.module<SimulationValues>();
+    // The day's boxes take part in the sums as numbers, each read once a call, as nothing here
+    // writes them; a box that holds no number fails every statement that reads it.
+    std::optional<double> dayPrice;
+    std::optional<double> dayTotal;
+    const auto number = [](std::optional<double>& read, const TextBox& box) {
+        if (!read)
+            read = textToDouble(box.text);
+        return *read;
+    };
+    const auto price = [&] { return number(dayPrice, em.txtcurrprice); };
+    const auto total = [&] { return number(dayTotal, em.txtcurrtotal); };
     const auto begprice = [&] { return v.beginning.price.number(em.txtbegprice.text); };
     const auto begtotal = [&] { return v.beginning.total.number(em.txtbegtotal.text); };
     // A run keeps one writer of compare; an advice opens the table for its one row.
@@ -50,19 +58,16 @@ void pcaresult(Program& program) {
     });
     // The buy-and-hold investor holds twice the rule's beginning shares.
     passedOver([&] {
-        kWhole.into(em.lblbhprofit.caption,
-                    (number(em.txtcurrprice) - begprice()) * v.beginning.share.number(em.txtbegshare.text) * 2);
+        kWhole.into(em.lblbhprofit.caption, (price() - begprice()) * v.beginning.share.number(em.txtbegshare.text) * 2);
     });
     passedOver([&] { compare().setField(QStringLiteral("BuyHoldValue"), Val(em.lblbhprofit.caption)); });
-    passedOver(
-        [&] { kShare.into(em.lblbhpersentage.caption, divide(number(em.txtcurrprice) - begprice(), begprice())); });
-    passedOver([&] { kZero.into(em.lblpcaresult.caption, number(em.txtcurrtotal) - begtotal()); });
+    passedOver([&] { kShare.into(em.lblbhpersentage.caption, divide(price() - begprice(), begprice())); });
+    passedOver([&] { kZero.into(em.lblpcaresult.caption, total() - begtotal()); });
     passedOver([&] { compare().setField(QStringLiteral("ControlValue"), Val(em.lblpcaresult.caption)); });
     passedOver([&] { compare().setField(QStringLiteral("EquitySymbol"), v.rowSymbol(program.frame())); });
     passedOver([&] { compare().update(); });
-    passedOver(
-        [&] { kShare.into(em.lblpcaresultper.caption, divide(number(em.txtcurrtotal) - begtotal(), begtotal())); });
-    passedOver([&] { em.lblsell.caption = advice.sellcount.toString(); });
+    passedOver([&] { kShare.into(em.lblpcaresultper.caption, divide(total() - begtotal(), begtotal())); });
+    passedOver([&] { advice.sellcount.toString(em.lblsell.caption); });
     numberToText(advice.buycount, em.lblbuy.caption);
 }
 

@@ -157,7 +157,7 @@ void SimulationStep::nextSell() {
     passedOver([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
     numberToText(m_v.simsellshares, m_em.txtnextsell.text);
     kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
-    m_em.txtnextsellamount.text = kBaseTradeText;
+    copyText(kBaseTradeText, m_em.txtnextsellamount.text);
 }
 
 void SimulationStep::buy() {
@@ -205,7 +205,7 @@ void SimulationStep::nextBuy() {
     passedOver([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
     numberToText(m_v.simbuyshares, m_em.txtnextbuy.text);
     kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
-    m_em.txtnextbuyamount.text = kBaseTradeText;
+    copyText(kBaseTradeText, m_em.txtnextbuyamount.text);
 }
 
 void SimulationStep::addTrade(std::int16_t shares) {

@@ -5,7 +5,10 @@
 namespace ostravel {
 
 void ReadBack::follow(const QString& text) {
-    if (m_read && text == m_text)
+    // The text it was read from, still shared with the box, has not changed: a box is written
+    // over only once it holds its own copy.
+    const bool shared = text.constData() == m_text.constData() && text.size() == m_text.size();
+    if (m_read && (shared || text == m_text))
         return;
     m_text = text;
     m_read = true;

@@ -102,9 +102,13 @@ QString Variant::toString() const {
 }
 
 void Variant::toString(QString& text) const {
-    // A number of a day's row, written every day of a run.
+    // The numbers of a day, written every day of a run. A whole number below 1e15 is its own
+    // shortest decimal, as CStr of the double writes it.
+    constexpr double kExactWhole = 1e15;
     if (kind() == Kind::Double)
         numberToText(std::get<double>(m_value), text);
+    else if (kind() == Kind::Long && std::abs(static_cast<double>(std::get<std::int64_t>(m_value))) < kExactWhole)
+        numberToText(static_cast<double>(std::get<std::int64_t>(m_value)), text);
     else
         text = toString();
 }

@@ -65,6 +65,11 @@ char16_t* writableText(QString& text, std::size_t size) {
     return reinterpret_cast<char16_t*>(text.data());
 }
 
+void copyText(const QString& source, QString& text) {
+    const auto* from = reinterpret_cast<const char16_t*>(source.constData());
+    std::copy(from, from + source.size(), writableText(text, static_cast<std::size_t>(source.size())));
+}
+
 namespace {
 
 // The digits of a whole number, written two at a time so that they end at `end`; where they

@@ -63,6 +63,8 @@ private:
 
 // `text` made `size` characters long to be written over, keeping its room; where to write.
 char16_t* writableText(QString& text, std::size_t size);
+// `source` copied over `text`, which keeps its room: neither shares the other's memory after.
+void copyText(const QString& source, QString& text);
 
 // Str(x): the numeric-to-string conversion with its leading blank for values not negative and
 // no zero before the point: " 140", " .5", "-.5".
