@@ -328,6 +328,25 @@ TEST_F(RecordsetTest, RowDeletedElsewhereReadsAsDeleted) {
     EXPECT_EQ(errorOf([&] { infy->field(0); }), err::RecordIsDeleted);
 }
 
+// A read-once recordset shares a text with the row above only where both hold that text.
+TEST_F(RecordsetTest, SnapshotRowsKeepTheirOwnTexts) {
+    const char* symbols[] = {"AAA", "AAA", nullptr, "AAA", "BBB", "", "", nullptr};
+    for (int day = 0; day < int(std::size(symbols)); ++day)
+        store.db.execute(
+            QStringLiteral("insert into simulation ([date], [Close], EquitySymbol) values "
+                           "('2021-01-%1', %2, %3)")
+                .arg(day + 10)
+                .arg(day)
+                .arg(symbols[day] ? QStringLiteral("'%1'").arg(QLatin1String(symbols[day])) : QStringLiteral("null")));
+    const auto days = store.db.openSnapshot(QStringLiteral("select * from simulation order by date"));
+    for (const char* symbol : symbols) {
+        const Variant text = days->field(QStringLiteral("EquitySymbol"));
+        EXPECT_EQ(text, symbol ? Variant(symbol) : Variant::null()) << days->field(QStringLiteral("Close")).toDouble();
+        days->moveNext();
+    }
+    EXPECT_TRUE(days->eof());
+}
+
 TEST_F(RecordsetTest, ClosedRecordsetOrDatabaseRefusesWork) {
     const auto users = store.db.openRecordset(QStringLiteral("users"));
     const auto trades = store.db.openRecordset(QStringLiteral("trades"));
