@@ -229,43 +229,41 @@ char16_t* writeText(char16_t* out, const QString& text) {
     return std::copy_n(reinterpret_cast<const char16_t*>(text.constData()), text.size(), out);
 }
 
-// Lays the value out over `text`, keeping its room.
-void layOutSection(double value, const NumberSection& section, bool showMinus, QString& text) {
-    const NumberLayout& layout = section.layout;
+// A value's digits as a section shows them.
+struct ShownDigits {
+    bool minus;
+    int zeros;                  // the zeros of the section's "0" places before the digits
+    std::string_view whole;     // none for a whole part of 0
+    std::string_view fraction;  // cut after its last digit that is not 0, as far as the section lets
+    int length() const { return zeros + static_cast<int>(whole.size()); }
+};
 
-    double scaled = value;
-    for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
-    const DecimalDigits digits(scaled, layout.decimalPlaces, Tie::AwayFromZero);
-    std::string_view whole = digits.whole();
-    std::string_view fraction = digits.places();
-    if (whole == "0")
-        whole = {};
-    const int zeros = std::max(layout.minIntegerDigits - static_cast<int>(whole.size()), 0);
-    while (static_cast<int>(fraction.size()) > layout.minDecimals && !fraction.empty() && fraction.back() == '0')
-        fraction.remove_suffix(1);
-
-    const int length = zeros + static_cast<int>(whole.size());
-    const bool minus = digits.negative() && showMinus;
-    if (section.plain) {
-        // Laid out straight: the minus, the text before, the digits, the point and the places,
-        // the text after.
-        const std::size_t point = fraction.empty() ? 0 : 1;
-        char16_t* out = writableText(text, (minus ? 1 : 0) + static_cast<std::size_t>(section.before.size()) +
-                                               static_cast<std::size_t>(length) + point + fraction.size() +
-                                               static_cast<std::size_t>(section.after.size()));
-        if (minus)
-            *out++ = u'-';
-        out = writeText(out, section.before);
-        out = std::fill_n(out, zeros, u'0');
-        out = std::copy(whole.begin(), whole.end(), out);
-        if (point != 0) {
-            *out++ = u'.';
-            out = std::copy(fraction.begin(), fraction.end(), out);
-        }
-        writeText(out, section.after);
-        return;
+// The usual section laid out straight: the minus, the text before, the digits, the point and
+// the places, the text after.
+void writePlain(const NumberSection& section, const ShownDigits& shown, QString& text) {
+    const std::size_t point = shown.fraction.empty() ? 0 : 1;
+    char16_t* out = writableText(text, (shown.minus ? 1 : 0) + static_cast<std::size_t>(section.before.size()) +
+                                           static_cast<std::size_t>(shown.length()) + point + shown.fraction.size() +
+                                           static_cast<std::size_t>(section.after.size()));
+    if (shown.minus)
+        *out++ = u'-';
+    out = writeText(out, section.before);
+    out = std::fill_n(out, shown.zeros, u'0');
+    out = std::copy(shown.whole.begin(), shown.whole.end(), out);
+    if (point != 0) {
+        *out++ = u'.';
+        out = std::copy(shown.fraction.begin(), shown.fraction.end(), out);
     }
+    writeText(out, section.after);
+}
 
+// Any section, step by step: the digits placed by their places, with their group commas.
+void writeSteps(const NumberSection& section, const ShownDigits& shown, QString& text) {
+    const NumberLayout& layout = section.layout;
+    const int length = shown.length();
+    const int zeros = shown.zeros;
+    const std::string_view whole = shown.whole;
+    const std::string_view fraction = shown.fraction;
     const bool grouped = !layout.commaOffsets.empty();
     std::bitset<kMostDigits> boundaries;
     if (grouped)
@@ -281,7 +279,7 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, Q
     char16_t* const start = large.empty() ? local : large.data();
     char16_t* out = start;
 
-    if (minus)
+    if (shown.minus)
         *out++ = u'-';
     auto emitDigit = [&](int position) {  // position 0 is the units
         const int index = length - 1 - position;
@@ -330,6 +328,25 @@ void layOutSection(double value, const NumberSection& section, bool showMinus, Q
         }
     }
     std::copy(start, out, writableText(text, static_cast<std::size_t>(out - start)));
+}
+
+// Lays the value out over `text`, keeping its room.
+void layOutSection(double value, const NumberSection& section, bool showMinus, QString& text) {
+    const NumberLayout& layout = section.layout;
+    double scaled = value;
+    for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
+    const DecimalDigits digits(scaled, layout.decimalPlaces, Tie::AwayFromZero);
+    ShownDigits shown{digits.negative() && showMinus, 0, digits.whole(), digits.places()};
+    if (shown.whole == "0")
+        shown.whole = {};
+    shown.zeros = std::max(layout.minIntegerDigits - static_cast<int>(shown.whole.size()), 0);
+    while (static_cast<int>(shown.fraction.size()) > layout.minDecimals && !shown.fraction.empty() &&
+           shown.fraction.back() == '0')
+        shown.fraction.remove_suffix(1);
+    if (section.plain)
+        writePlain(section, shown, text);
+    else
+        writeSteps(section, shown, text);
 }
 
 QStringList sections(const QString& pattern) {
