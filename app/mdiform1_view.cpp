@@ -62,6 +62,7 @@ MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(pare
     m_mdi = new QMdiArea(this);
     m_mdi->setObjectName(QStringLiteral("mdiArea"));
     setCentralWidget(m_mdi);
+    m_mdi->viewport()->installEventFilter(this);
 
     buildMenus();
     buildCoolBar();
@@ -420,6 +421,9 @@ void MDIForm1View::updatePanels() {
 }
 
 bool MDIForm1View::eventFilter(QObject* watched, QEvent* event) {
+    // The navigator runs the whole height of the child area, as the frame's size changes.
+    if (watched == m_mdi->viewport() && event->type() == QEvent::Resize && m_navigator)
+        m_navigator->setGeometry(0, 0, kNavigatorWidth, m_mdi->viewport()->height());
     // Enter in the stock code box runs "Get History" (while that button can run).
     if (watched == m_cmbequity->lineEdit() && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
