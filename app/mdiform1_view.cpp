@@ -44,6 +44,9 @@
 #include "market/ui/market_actions.h"
 #include "safety/ui/backup_view.h"
 #include "safety/ui/restore_view.h"
+#include "simulation/frame_commands.h"
+#include "simulation/frmtradehistory.h"
+#include "simulation/ui/simulation_actions.h"
 #include "store/store.h"
 #include "tools/ui/calc_view.h"
 #include "tools/ui/keyboard_help_view.h"
@@ -150,7 +153,7 @@ void MDIForm1View::buildCoolBar() {
     m_cmbequity->lineEdit()->installEventFilter(this);
     bar->addWidget(m_cmbequity);
 
-    // The buttons of the simulation and the ticker, disabled until those screens exist.
+    // The ticker's button waits disabled until its screen exists; the simulation's follow its state.
     const std::pair<const char*, const char*> buttons[] = {{"Command1", "Get History"},
                                                            {"cmdupdatehistory", "Update History"},
                                                            {"cdmrunsimulation", "Run Simulation"},
@@ -159,7 +162,6 @@ void MDIForm1View::buildCoolBar() {
     for (const auto& [name, caption] : buttons) {
         auto* button = new QPushButton(QString::fromUtf8(caption), bar);
         button->setObjectName(QString::fromUtf8(name));
-        button->setEnabled(name != std::string_view("Command1") && name != std::string_view("cdmrunsimulation"));
         bar->addWidget(button);
     }
     buildTicker(bar);
@@ -174,6 +176,10 @@ void MDIForm1View::buildCoolBar() {
         refresh();
     });
     m_program.module<HistoryState>().focusCmbequity = [this] { m_cmbequity->setFocus(); };
+    m_Command1 = bar->findChild<QPushButton*>(QStringLiteral("Command1"));
+    m_cdmrunsimulation = bar->findChild<QPushButton*>(QStringLiteral("cdmrunsimulation"));
+    connect(m_Command1, &QPushButton::clicked, this, [this] { getHistoryOnFrame(m_program, this); });
+    connect(m_cdmrunsimulation, &QPushButton::clicked, this, [this] { runSimulationOnFrame(m_program, this); });
     m_program.module<PriceUpdate>().focusCmbportfolio = [this] { m_cmbportfolio->setFocus(); };
 
     connect(m_cmbportfolio, &QComboBox::currentTextChanged, this, [this](const QString& text) {
@@ -326,6 +332,8 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("mnutechnical")), &QAction::triggered, this,
             [this] { m_program.module<Screens>().show(QStringLiteral("Technical")); });
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
+    connect(action(QStringLiteral("ViewHistoricaldata")), &QAction::triggered, this,
+            [this] { m_program.module<Screens>().show(QStringLiteral("frmtradehistory")); });
     const std::pair<const char*, const char*> ledgerEntries[] = {
         {"portfoliomanager", "frmportwizard"}, {"createnewport", "Create"},  {"AddNewEquity", "Newholding"},
         {"mnynewsymbol", "frmnewsymbol"},      {"mnuchanges", "frmjournal"},
@@ -405,6 +413,9 @@ void MDIForm1View::refresh() {
     mirrorList(m_Cmbequityname, frame.Cmbequityname);
     if (m_cmbequity->currentText() != frame.cmbequity)
         m_cmbequity->setEditText(frame.cmbequity);
+    const SimulationButtons& simulation = m_program.module<SimulationButtons>();
+    m_Command1->setEnabled(simulation.Command1.enabled);
+    m_cdmrunsimulation->setEnabled(simulation.cdmrunsimulation.enabled);
     updatePanels();
 }
 
@@ -428,8 +439,8 @@ bool MDIForm1View::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_cmbequity->lineEdit() && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-            if (auto* getHistory = findChild<QPushButton*>(QStringLiteral("Command1")); getHistory->isEnabled())
-                getHistory->click();
+            if (m_Command1->isEnabled())
+                m_Command1->click();
             return true;
         }
     }

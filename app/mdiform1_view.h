@@ -67,6 +67,8 @@ private:
     QComboBox* m_cmbportfolio = nullptr;
     QComboBox* m_Cmbequityname = nullptr;
     QComboBox* m_cmbequity = nullptr;
+    QPushButton* m_Command1 = nullptr;  // "Get History"
+    QPushButton* m_cdmrunsimulation = nullptr;
     std::array<QLabel*, 6> m_panels{};
     MsgScrollerView* m_MsgScroller1 = nullptr;
     QAction* m_tickerAction = nullptr;

@@ -33,6 +33,9 @@
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
 #include "position/ui/websetting_view.h"
+#include "simulation/ui/frmtradehistory_view.h"
+#include "simulation/ui/results_view.h"
+#include "simulation/ui/simulation_actions.h"
 
 namespace ostravel {
 
@@ -109,9 +112,14 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
     // advice asks for), setting.
     // The equity manager mirrors its state again once the procedure that asked for it has
     // finished writing there.
+    // The frame puts the simulation's results beside its narrative on the equity manager.
     screens.setOpener(QStringLiteral("equitymanager"), [&frame, &program] {
-        auto* screen = static_cast<EquityManagerForm*>(frame.showSingleChild(
-            QStringLiteral("equitymanager"), [&program] { return new EquityManagerForm(program); }));
+        auto* screen =
+            static_cast<EquityManagerForm*>(frame.showSingleChild(QStringLiteral("equitymanager"), [&program] {
+                auto* made = new EquityManagerForm(program);
+                made->addSimulationPage(new SimulationResultsView(program), QStringLiteral("Results"));
+                return made;
+            }));
         screen->refresh();
         QTimer::singleShot(0, screen, &EquityManagerForm::refresh);
     });
@@ -138,6 +146,10 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         QTimer::singleShot(0, chart, &FrmMainForm::loadHistory);
     });
     installLedgerRequests(program);
+    installSimulationRequests(program, &frame);
+    screens.setOpener(QStringLiteral("frmtradehistory"), [&frame, &program] {
+        frame.showSingleChild(QStringLiteral("frmtradehistory"), [&program] { return new TradeHistoryForm(program); });
+    });
 
     // The screeners of market data, each one window: frmdma loads its quotes as it opens.
     screens.setOpener(QStringLiteral("frmdma"), [&frame, &program] {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "cli/commands.h"
+#include "cli/connect_store.h"
 #include "cli/headless_prompt.h"
 #include "context/program.h"
 #include "position/advice.h"
@@ -57,12 +58,8 @@ int advise(const QStringList& args) {
     prompt.whatIfPrice = options->price;
     // Cancel is never the answer here, so the error log's box never ends the run.
     Program program(prompt, [] { std::exit(1); });
-    try {
-        program.store().connection();
-    } catch (const VbError& error) {
-        err << "ostravel-cli: " << error.description() << '\n';
+    if (!connectStore(program))
         return 1;
-    }
     program.frame().cmbportfolio.text = options->portfolio;
     program.frame().cmbequity = options->symbol;
 

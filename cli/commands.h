@@ -11,6 +11,7 @@ int he3(const QStringList& args);
 int advise(const QStringList& args);
 int history(const QStringList& args);
 int bhav(const QStringList& args);
+int simulate(const QStringList& args);
 int indicators(const QStringList& args);
 int chart(const QStringList& args);
 int quote(const QStringList& args);

@@ -6,6 +6,7 @@
 
 #include "cli/commands.h"
 #include "cli/headless_prompt.h"
+#include "cli/stock_options.h"
 #include "context/program.h"
 #include "market/day_store.h"
 #include "market/getfrominet.h"
@@ -28,36 +29,7 @@ const char* const kUsage =
     "       ostravel-cli [--folder DIR] history fetch --symbol S --from YYYY-MM-DD --to YYYY-MM-DD\n"
     "       ostravel-cli [--folder DIR] history import --symbol S FILE\n";
 
-struct Options {
-    QString symbol;
-    QString from;
-    QString to;
-    QStringList files;
-};
-
-// "--name value" pairs and the plain words between them.
-std::optional<Options> parse(const QStringList& args) {
-    Options options;
-    for (qsizetype i = 0; i < args.size(); ++i) {
-        const QString& word = args.at(i);
-        if (!word.startsWith(QLatin1String("--"))) {
-            options.files << word;
-            continue;
-        }
-        if (i + 1 >= args.size())
-            return std::nullopt;
-        const QString& value = args.at(++i);
-        if (word == QLatin1String("--symbol"))
-            options.symbol = value;
-        else if (word == QLatin1String("--from"))
-            options.from = value;
-        else if (word == QLatin1String("--to"))
-            options.to = value;
-        else
-            return std::nullopt;
-    }
-    return options;
-}
+using Options = StockOptions;
 
 int usage() {
     QTextStream(stderr) << kUsage;
@@ -118,7 +90,7 @@ int fetch(Program& program, const Options& options) {
 }  // namespace
 
 int history(const QStringList& args) {
-    const std::optional<Options> options = parse(args.mid(1));
+    const std::optional<Options> options = parseStockOptions(args.mid(1));
     if (args.isEmpty() || !options || options->symbol.isEmpty())
         return usage();
     const QString& action = args.front();

@@ -23,7 +23,8 @@ int usage() {
            "       ostravel-cli [--folder DIR] quote CODE[+CODE...]\n"
            "       ostravel-cli [--folder DIR] technical --date YYYY-MM-DD gainers|lossers|volume\n"
            "       ostravel-cli [--folder DIR] indicators --symbol S --name NAME\n"
-           "       ostravel-cli [--folder DIR] chart --symbol S --out FILE.png [--width W --height H]\n";
+           "       ostravel-cli [--folder DIR] chart --symbol S --out FILE.png [--width W --height H]\n"
+           "       ostravel-cli [--folder DIR] simulate --symbol S --from YYYY-MM-DD --to YYYY-MM-DD [--metrics]\n";
     return 2;
 }
 
@@ -63,6 +64,7 @@ int main(int argc, char** argv) {
         {QStringLiteral("technical"), ostravel::cli::technical},
         {QStringLiteral("indicators"), ostravel::cli::indicators},
         {QStringLiteral("chart"), ostravel::cli::chart},
+        {QStringLiteral("simulate"), ostravel::cli::simulate},
     };
     const auto found = commands.find(args.front());
     if (found == commands.end())

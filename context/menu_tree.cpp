@@ -23,7 +23,7 @@ QList<MenuItem> buildTree() {
               item("Create &New  Portfolio ", "createnewport", "Ctrl+N", true)}),
         menu("&Equity", "mnuequity",
              {item("&Add New Equity", "AddNewEquity", "Ctrl+E", true),
-              item("View &Historical data", "ViewHistoricaldata", "Ctrl+H", false),
+              item("View &Historical data", "ViewHistoricaldata", "Ctrl+H", true),
               item("&Update Prices Via Internet", "UpdatePricesViaInternet", "F5", true),
               item("Update Prices from &Day Files", "mnudayfileprices", "", true),
               item("Add &New Symbol", "mnynewsymbol", "", true),

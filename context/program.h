@@ -4,8 +4,7 @@
 #pragma once
 
 #include <memory>
-#include <typeindex>
-#include <unordered_map>
+#include <vector>
 
 #include "context/mainframe.h"
 #include "runtime/reporterror.h"
@@ -26,7 +25,10 @@ public:
     // screen state; made on first use, with the program when T takes it.
     template <class T>
     T& module() {
-        auto& slot = m_modules[std::type_index(typeid(T))];
+        const std::size_t index = moduleIndex<T>();
+        if (index >= m_modules.size())
+            m_modules.resize(index + 1);
+        std::shared_ptr<void>& slot = m_modules[index];
         if (!slot) {
             if constexpr (std::is_constructible_v<T, Program&>)
                 slot = std::make_shared<T>(*this);
@@ -37,11 +39,20 @@ public:
     }
 
 private:
+    // Each state type's place in m_modules, the same in every program: the day loop of a run
+    // reaches its modules many times a day, and a place needs no hashing of the type's name.
+    static std::size_t nextModuleIndex();
+    template <class T>
+    static std::size_t moduleIndex() {
+        static const std::size_t index = nextModuleIndex();
+        return index;
+    }
+
     Prompt& m_prompt;
     ErrorReporter m_reporter;
     Store m_store;
     MainFrame m_frame;
-    std::unordered_map<std::type_index, std::shared_ptr<void>> m_modules;
+    std::vector<std::shared_ptr<void>> m_modules;
 };
 
 }  // namespace ostravel

@@ -25,12 +25,13 @@ void act(Program& program, const NavAction& action) {
         program.prompt().inform(action.message);
         return;
     }
-    if (!action.label.isEmpty())
-        program.frame().panel6 = action.label;
     if (action.run)
         action.run(program);
     else
         openBrowser(program, action.url);
+    // After the screen's own load, which may write the panel too.
+    if (!action.label.isEmpty())
+        program.frame().panel6 = action.label;
     program.frame().showChanges();
 }
 

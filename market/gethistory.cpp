@@ -18,7 +18,15 @@ const QString kOnlinePlace = QStringLiteral("(Form) MDIForm1::Sub cmdonlinestatu
 
 }  // namespace
 
-bool historyIntoSimulation(Program& program) {
+namespace {
+
+HistoryLoad loadFile(Program& program) {
+    return LoadHistoryFile(program) ? HistoryLoad::Loaded : HistoryLoad::NotLoaded;
+}
+
+}  // namespace
+
+HistoryLoad historyIntoSimulation(Program& program) {
     MainFrame& frame = program.frame();
     const QString symbol = historySymbol(frame);
     double historyDl = 1;
@@ -30,14 +38,14 @@ bool historyIntoSimulation(Program& program) {
         getinternetdata(program);
         // The download's outcome is its caption: only "Ready" goes on.
         if (frame.caption != kReady)
-            return false;
+            return HistoryLoad::DownloadFailed;
         frame.caption = QStringLiteral("Got history of ") + symbol;
         frame.showChanges();
-        return LoadHistoryFile(program);
+        return loadFile(program);
     }
     frame.caption = QStringLiteral("Getting history of ") + symbol + QStringLiteral(" From file");
     frame.showChanges();
-    return LoadHistoryFile(program);
+    return loadFile(program);
 }
 
 void mnugethistory_Click(Program& program, const std::function<void()>& command1, const std::function<bool()>& stop) {

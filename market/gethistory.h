@@ -9,10 +9,14 @@ namespace ostravel {
 
 class Program;
 
+// How the history half of mainprocedures ended: loaded, not loaded by LoadHistoryFile, or a
+// download that ended on another caption than "Ready" (nothing was loaded then).
+enum class HistoryLoad { Loaded, NotLoaded, DownloadFailed };
+
 // The history of the stock in work into StockData and simulation: downloaded when HistoryDL is
 // 0 and the program is online (and loaded only when the caption then reads "Ready"), else
-// from its file. True when loaded.
-bool historyIntoSimulation(Program& program);
+// from its file.
+HistoryLoad historyIntoSimulation(Program& program);
 
 // mnugethistory: for each record of niftyquote, the stock in work, the last 1500 days, and
 // `command1` (the click of "Get History"). Stops early when `stop` says so.

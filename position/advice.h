@@ -12,7 +12,7 @@
 namespace ostravel {
 
 class Program;
-class Recordset;
+class RowAppender;
 
 // Module1's values of the rule, shared by getadvise and simulationstep.
 struct AdviceValues {
@@ -44,9 +44,16 @@ struct SimulationValues {
     std::int16_t simsellshares = 0;
     std::int16_t simbuyshares = 0;
 
-    // The run's recordset over simtrades, open for the whole run; the day is the current row
-    // of the store's simulation recordset.
-    std::shared_ptr<Recordset> simtrades;
+    // The rule's resistances as users held them at the first step of the run: a run keeps the
+    // settings it started with.
+    Variant resistSell;
+    Variant resistBuy;
+
+    // The run's writers of simtrades and compare, open for the whole run; the day is the current
+    // row of the store's simulation recordset. Without a writer of compare, pcaresult opens the
+    // table afresh for its row, as an advice does.
+    std::shared_ptr<RowAppender> simtrades;
+    std::shared_ptr<RowAppender> compareRows;
 };
 
 // How an advice ended: stored, left by one of its two messages, or not run (a what-if answer

@@ -58,7 +58,7 @@ public:
     double dtbdate = 0;
     double dtedate = 0;
     ComboBox Combo1;
-    Button Command3{QStringLiteral("Run Simulation")};
+    Button Command3{QStringLiteral("Run Simulation"), false};  // on under "Simulation" only
     Label lblsimulation;
 
     // Results of a simulation, and of pcaresult after an advice.

@@ -74,6 +74,8 @@ EquityManagerActions::Recalculated EquityManagerActions::Command5_Click() {
     try {
         em.Command5.enabled = false;
         if (m_program.frame().cmbportfolio.text == MainFrame::kSimulation) {
+            if (const SimulationRequests& simulation = m_program.module<SimulationRequests>(); simulation.runsimulation)
+                simulation.runsimulation();
             // Simulated trades are the simulation's own: nothing to add by hand.
             em.cmdaddtrade.enabled = false;
         } else {
@@ -96,6 +98,11 @@ EquityManagerActions::Recalculated EquityManagerActions::Command5_Click() {
         return Recalculated::SelectEquity;
     }
     return Recalculated::Done;
+}
+
+void EquityManagerActions::Command3_Click() {
+    if (const SimulationRequests& simulation = m_program.module<SimulationRequests>(); simulation.cdmrunsimulation)
+        simulation.cdmrunsimulation();
 }
 
 void EquityManagerActions::cmdwhatif_Click() {

@@ -20,6 +20,13 @@ struct LedgerRequests {
     std::function<void(const QString& shares, const QString& price, bool sell, const QString& place)> adviceTrade;
 };
 
+// What the equity manager asks of the simulation, which stands above it; set by the frame at
+// start-up. Left empty, the request does nothing.
+struct SimulationRequests {
+    std::function<void()> cdmrunsimulation;  // the frame's "Run Simulation"
+    std::function<void()> runsimulation;     // one run over the history as it stands
+};
+
 class EquityManagerActions {
 public:
     static inline const QString kNoEquity =
@@ -38,9 +45,13 @@ public:
     void Form_Activate();
 
     enum class Recalculated { Done, SelectEquity };
-    // "Recalculate": advises on the selection and shows the company's name in the caption.
+    // "Recalculate": advises on the selection, or under "Simulation" runs the simulation again
+    // over its history, and shows the company's name in the caption.
     // SelectEquity: the code is not in the symbol list; the main frame's cmbequity wants the focus.
     Recalculated Command5_Click();
+
+    // "Run Simulation": the frame's button of the same name.
+    void Command3_Click();
 
     // "What if": shows the advice and, for a real portfolio, advises at a price the user gives.
     void cmdwhatif_Click();

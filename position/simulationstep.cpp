@@ -7,13 +7,15 @@
 #include "runtime/trap.h"
 #include "runtime/vbformat.h"
 #include "runtime/vbmath.h"
+#include "store/row_appender.h"
 
 namespace ostravel {
 
 namespace {
 
-const QString kCostPattern = QStringLiteral("####.##");
-const QString kPricePattern = QStringLiteral("0");
+// Written on every simulated day.
+const NumberFormat kCostPattern(QStringLiteral("####.##"));
+const NumberFormat kPricePattern(QStringLiteral("0"));
 
 // The simulation's minimum trade at the start, growing with simportcontrol.
 constexpr float kBaseTrade = 1000;
@@ -30,7 +32,7 @@ std::int16_t wholeShares(float amount, float price) {
 
 // Kept: at each trade the cost per share is cut to what Format(…, "####.##") shows.
 float shownCost(float cost) {
-    return textToSingle(formatNumber(cost, kCostPattern));
+    return textToSingle(kCostPattern(cost));
 }
 
 class SimulationStep {
@@ -76,6 +78,8 @@ void SimulationStep::start() {
     passedOver([&] { m_v.simcash = toSingleChecked(Val(m_em.txtbegcash.text)); });
     passedOver([&] { m_v.simshares = toInteger(setting("BeginningShares")); });
     passedOver([&] { m_v.simcps = toSingleChecked(close()); });
+    passedOver([&] { m_v.resistSell = currentRow(m_store.users).field(QStringLiteral("Resistsell")); });
+    passedOver([&] { m_v.resistBuy = currentRow(m_store.users).field(QStringLiteral("ResistBuy")); });
     m_advice.buycount = 0;
     m_advice.sellcount = 0;
     m_v.simportcontrol0 = m_v.simportcontrol;
@@ -89,7 +93,7 @@ void SimulationStep::run() {
 
     passedOver([&] {
         m_v.simsellamount = toSingleChecked((m_v.simvalue - m_v.simportcontrol) -
-                                            (static_cast<double>(m_v.simvalue) * setting("Resistsell")) / 100);
+                                            (static_cast<double>(m_v.simvalue) * columnNumber(m_v.resistSell)) / 100);
     });
     // The minimum trade: 1000 rupees at the start, growing as simportcontrol grows.
     passedOver([&] { m_threshold = quotient(m_v.simportcontrol, m_v.simportcontrol0) * kBaseTrade; });
@@ -101,7 +105,7 @@ void SimulationStep::run() {
     // With the stock value of the day's start, also after a sale in this step.
     passedOver([&] {
         m_v.simbuyamount = toSingleChecked((m_v.simportcontrol - m_v.simvalue) -
-                                           (static_cast<double>(m_v.simvalue) * setting("ResistBuy")) / 100);
+                                           (static_cast<double>(m_v.simvalue) * columnNumber(m_v.resistBuy)) / 100);
     });
     if (m_threshold < m_v.simbuyamount) {
         if (m_v.simcash > m_v.simbuyamount)
@@ -126,7 +130,7 @@ void SimulationStep::sell() {
     m_em.txtnextsell.foreColour = kRed;
     m_em.txtnextsell.text = QString::number(m_v.simsellshares);
     m_em.txtnextsellshare.foreColour = kRed;
-    m_em.txtnextsellshare.text = formatNumber(m_v.simsellprice, kPricePattern);
+    kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
     m_v.simcash = m_v.simcash + m_v.simsellprice * m_v.simsellshares;
     m_v.simprevshares = m_v.simshares;
     passedOver([&] { m_v.simshares = toInteger(m_v.simshares - m_v.simsellshares); });
@@ -146,11 +150,11 @@ void SimulationStep::nextSell() {
     passedOver([&] {
         m_v.simsellprice =
             toSingleChecked(static_cast<double>(quotient(kBaseTrade + m_v.simportcontrol, m_v.simshares)) *
-                            divide(100, 100 - setting("resistsell")));
+                            divide(100, 100 - columnNumber(m_v.resistSell)));
     });
     passedOver([&] { m_v.simsellshares = wholeShares(kBaseTrade, m_v.simsellprice); });
     m_em.txtnextsell.text = QString::number(m_v.simsellshares);
-    m_em.txtnextsellshare.text = formatNumber(m_v.simsellprice, kPricePattern);
+    kPricePattern.into(m_em.txtnextsellshare.text, m_v.simsellprice);
     m_em.txtnextsellamount.text = singleText(m_v.simsellamount);
 }
 
@@ -165,7 +169,7 @@ void SimulationStep::buy() {
     m_em.txtnextbuy.foreColour = kGreen;
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
     m_em.txtnextbuyshare.foreColour = kGreen;
-    m_em.txtnextbuyshare.text = formatNumber(m_v.simbuyprice, kPricePattern);
+    kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
     m_v.simcash = m_v.simcash - m_v.simbuyprice * m_v.simbuyshares;
     // A purchase raises the reference by half of its amount.
     m_v.simportcontrol = m_v.simportcontrol + (m_v.simbuyprice * m_v.simbuyshares) / 2;
@@ -185,7 +189,7 @@ void SimulationStep::showAffordableBuy() {
     m_v.simbuyprice = m_v.simprice;
     passedOver([&] { m_v.simbuyshares = wholeShares(m_v.simcash, m_v.simbuyprice); });
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
-    m_em.txtnextbuyshare.text = formatNumber(m_v.simbuyprice, kPricePattern);
+    kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
     m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
 }
 
@@ -194,19 +198,19 @@ void SimulationStep::nextBuy() {
     passedOver([&] {
         m_v.simbuyprice =
             toSingleChecked(static_cast<double>(quotient(m_v.simportcontrol - kBaseTrade, m_v.simshares)) *
-                            divide(100, 100 + setting("resistbuy")));
+                            divide(100, 100 + columnNumber(m_v.resistBuy)));
     });
     passedOver([&] { m_v.simbuyshares = wholeShares(kBaseTrade, m_v.simbuyprice); });
     m_em.txtnextbuy.text = QString::number(m_v.simbuyshares);
-    m_em.txtnextbuyshare.text = formatNumber(m_v.simbuyprice, kPricePattern);
+    kPricePattern.into(m_em.txtnextbuyshare.text, m_v.simbuyprice);
     m_em.txtnextbuyamount.text = singleText(m_v.simbuyamount);
 }
 
 void SimulationStep::addTrade(std::int16_t shares) {
-    Recordset* trades = m_v.simtrades.get();
-    passedOver([&] { currentRow(m_v.simtrades).addNew(); });
+    RowAppender* trades = m_v.simtrades.get();
     if (!trades)
         return;
+    passedOver([&] { trades->addNew(); });
     passedOver([&] { trades->setField(0, day().field(0)); });
     passedOver([&] { trades->setField(1, day().field(QStringLiteral("Close"))); });
     passedOver([&] { trades->setField(2, static_cast<int>(shares)); });

@@ -15,6 +15,15 @@ namespace {
 
 const QString kProgramName = QStringLiteral("ostravel");
 
+// A log that can't be written must not take the program down: the box has been shown.
+void appendToLog(const QString& text) {
+    QFile log(appFile(QStringLiteral("ErrorLog.txt")));
+    if (log.open(QIODevice::Append | QIODevice::Text))
+        QTextStream(&log) << errorLogEntry(text, now());
+    else
+        std::fprintf(stderr, "ErrorLog.txt: %s\n", qPrintable(log.errorString()));
+}
+
 }  // namespace
 
 QString composeErrorText(const ErrorInfo& error, const QString& place) {
@@ -51,17 +60,14 @@ void ErrorReporter::report(const ErrorInfo& error, const QString& place) {
         return;
     const QString text = composeErrorText(error, place);
     const Answer answer = m_prompt.message(text, Buttons::OKCancel, Icon::Critical, QStringLiteral("Error"));
-
-    // A log that can't be written must not take the program down: the box has been shown.
-    QFile log(appFile(QStringLiteral("ErrorLog.txt")));
-    if (log.open(QIODevice::Append | QIODevice::Text)) {
-        QTextStream(&log) << errorLogEntry(text, now());
-    } else {
-        std::fprintf(stderr, "ErrorLog.txt: %s\n", qPrintable(log.errorString()));
-    }
-
+    appendToLog(text);
     if (answer == Answer::Cancel)
         m_endProgram();
+}
+
+void ErrorReporter::log(const VbError& error, const QString& place) {
+    if (error.number() != 0)
+        appendToLog(composeErrorText(ErrorInfo{error.number(), error.description(), 0}, place));
 }
 
 void ErrorReporter::report(const VbError& error, const QString& place) {

@@ -33,6 +33,8 @@ public:
     // not reported. A log that can't be written is passed over: the box has told the user.
     void report(const ErrorInfo& error, const QString& place);
     void report(const VbError& error, const QString& place);
+    // The ErrorLog.txt entry alone, for an error whose box the user has already seen.
+    void log(const VbError& error, const QString& place);
 
     Prompt& prompt() { return m_prompt; }
 

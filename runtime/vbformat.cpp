@@ -2,7 +2,15 @@
 
 #include <QDateTime>
 #include <QStringList>
-#include <set>
+#include <QVarLengthArray>
+#include <algorithm>
+#include <bitset>
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "runtime/variant.h"
@@ -131,16 +139,19 @@ NumberLayout numberLayout(const std::vector<NumberItem>& items) {
     return layout;
 }
 
+// Integer digits a number can have, and some room for a pattern's leading zeros.
+constexpr std::size_t kMostDigits = 512;
+
 // The digit counts from the right after which a comma stands, for a number of `length` integer
 // digits: the groups as written, and past them the leftmost written group again while the rest
 // is longer than the placeholders written before the first comma.
-std::set<int> groupBoundaries(const NumberLayout& layout, int length) {
-    std::set<int> boundaries;
+std::bitset<kMostDigits> groupBoundaries(const NumberLayout& layout, int length) {
+    std::bitset<kMostDigits> boundaries;
     if (layout.commaOffsets.empty())
         return boundaries;
     for (int offset : layout.commaOffsets) {
         if (offset < length)
-            boundaries.insert(offset);
+            boundaries.set(static_cast<std::size_t>(offset));
     }
     const int last = layout.commaOffsets.back();
     const int repeat =
@@ -149,39 +160,59 @@ std::set<int> groupBoundaries(const NumberLayout& layout, int length) {
     if (length - last > leading) {
         for (int pos = last; length - pos > repeat;) {
             pos += repeat;
-            boundaries.insert(pos);
+            if (pos < static_cast<int>(kMostDigits))
+                boundaries.set(static_cast<std::size_t>(pos));
         }
     }
     return boundaries;
 }
 
-QString formatNumberSection(double value, const QString& section, bool showMinus) {
-    const std::vector<NumberItem> items = numberItems(section);
-    const NumberLayout layout = numberLayout(items);
+// One section of a number pattern, read once: its items and what they ask for.
+struct NumberSection {
+    std::vector<NumberItem> items;
+    NumberLayout layout;
+};
+
+// A laid-out number, built where it needs no memory of its own for the usual sizes.
+using NumberText = QVarLengthArray<char16_t, 96>;
+
+void layOutSection(double value, const NumberSection& section, bool showMinus, NumberText& out) {
+    const std::vector<NumberItem>& items = section.items;
+    const NumberLayout& layout = section.layout;
 
     double scaled = value;
     for (int i = 0; i < layout.percents; ++i) scaled *= 100.0;
-    QString digits = fixedDecimalText(scaled, layout.decimalPlaces, Tie::AwayFromZero);
-    const bool negative = digits.startsWith(u'-');
+    thread_local std::string digits;
+    fixedDecimalDigits(scaled, layout.decimalPlaces, Tie::AwayFromZero, digits);
+    std::string_view shown(digits);
+    const bool negative = !shown.empty() && shown.front() == '-';
     if (negative)
-        digits.remove(0, 1);
+        shown.remove_prefix(1);
 
-    const qsizetype point = digits.indexOf(u'.');
-    QString integer = point < 0 ? digits : digits.left(point);
-    QString fraction = point < 0 ? QString() : digits.mid(point + 1);
-    if (integer == QLatin1String("0"))
-        integer.clear();
-    if (integer.size() < layout.minIntegerDigits)
-        integer.prepend(QString(layout.minIntegerDigits - integer.size(), u'0'));
-    while (fraction.size() > layout.minDecimals && fraction.endsWith(u'0')) fraction.chop(1);
+    // The digits end in the places asked for, after a point; only a value beyond every
+    // number is written without one.
+    const std::size_t point = layout.decimalPlaces > 0 && std::isfinite(scaled)
+                                  ? shown.size() - 1 - static_cast<std::size_t>(layout.decimalPlaces)
+                                  : std::string_view::npos;
+    std::string_view whole = point == std::string_view::npos ? shown : shown.substr(0, point);
+    std::string_view fraction = point == std::string_view::npos ? std::string_view() : shown.substr(point + 1);
+    if (whole == "0")
+        whole = {};
+    const int zeros = std::max(layout.minIntegerDigits - static_cast<int>(whole.size()), 0);
+    while (static_cast<int>(fraction.size()) > layout.minDecimals && !fraction.empty() && fraction.back() == '0')
+        fraction.remove_suffix(1);
 
-    const int length = static_cast<int>(integer.size());
-    const std::set<int> boundaries = groupBoundaries(layout, length);
-    QString out;
+    const int length = zeros + static_cast<int>(whole.size());
+    const std::bitset<kMostDigits> boundaries =
+        layout.commaOffsets.empty() ? std::bitset<kMostDigits>() : groupBoundaries(layout, length);
+    out.clear();
+    if (negative && showMinus)
+        out.append(u'-');
     auto emitDigit = [&](int position) {  // position 0 is the units
-        out += integer.at(length - 1 - position);
-        if (boundaries.count(position) != 0)
-            out += u',';
+        const int index = length - 1 - position;
+        out.append(index < zeros ? u'0' : char16_t(whole[static_cast<std::size_t>(index - zeros)]));
+        if (position < static_cast<int>(kMostDigits) && boundaries.test(static_cast<std::size_t>(position)))
+            out.append(u',');
     };
     bool integerStarted = false;
     auto startInteger = [&] {
@@ -192,7 +223,7 @@ QString formatNumberSection(double value, const QString& section, bool showMinus
     };
 
     int integerIndex = 0;
-    int decimalIndex = 0;
+    std::size_t decimalIndex = 0;
     bool afterPoint = false;
     for (const NumberItem& item : items) {
         if (isPlaceholder(item.kind) && !afterPoint) {
@@ -202,18 +233,17 @@ QString formatNumberSection(double value, const QString& section, bool showMinus
                 emitDigit(position);
         } else if (isPlaceholder(item.kind)) {
             if (decimalIndex < fraction.size())
-                out += fraction.at(decimalIndex);
+                out.append(char16_t(fraction[decimalIndex]));
             ++decimalIndex;
         } else if (item.kind == NumberToken::Point) {
             startInteger();
             afterPoint = true;
-            if (!fraction.isEmpty())
-                out += u'.';
+            if (!fraction.empty())
+                out.append(u'.');
         } else if (item.kind != NumberToken::Comma) {
-            out += item.text;
+            out.append(reinterpret_cast<const char16_t*>(item.text.utf16()), item.text.size());
         }
     }
-    return negative && showMinus ? u'-' + out : out;
 }
 
 QStringList sections(const QString& pattern) {
@@ -329,22 +359,69 @@ bool isDatePattern(const QString& pattern) {
     return isGeneralDate(pattern) || !namedDatePattern(pattern).isEmpty() || hasDateLetters(pattern);
 }
 
+// The number patterns read so far: the program formats with a few patterns many times over.
+const NumberFormat& numberFormat(const QString& pattern) {
+    constexpr std::size_t kMostPatterns = 256;
+    thread_local std::unordered_map<QString, NumberFormat> read;
+    if (const auto found = read.find(pattern); found != read.end())
+        return found->second;
+    if (read.size() >= kMostPatterns)
+        read.clear();
+    return read.emplace(pattern, NumberFormat(pattern)).first->second;
+}
+
 QString formatNumeric(double value, const QString& pattern) {
     return isDatePattern(pattern) ? formatDate(value, pattern) : formatNumber(value, pattern);
 }
 
 }  // namespace
 
-QString formatNumber(double value, const QString& pattern) {
-    if (pattern.isEmpty())
-        return numberToText(value);
-    const QStringList parts = sections(pattern);
+struct NumberFormat::Sections {
+    std::vector<std::optional<NumberSection>> parts;  // none for an empty section
+};
+
+NumberFormat::NumberFormat(const QString& pattern) {
+    auto read = std::make_shared<Sections>();
+    if (!pattern.isEmpty()) {
+        for (const QString& part : sections(pattern)) {
+            if (part.isEmpty() && !read->parts.empty()) {
+                read->parts.emplace_back();
+                continue;
+            }
+            std::vector<NumberItem> items = numberItems(part);
+            const NumberLayout layout = numberLayout(items);
+            read->parts.push_back(NumberSection{std::move(items), layout});
+        }
+    }
+    m_sections = std::move(read);
+}
+
+QString NumberFormat::operator()(double value) const {
+    QString text;
+    into(text, value);
+    return text;
+}
+
+void NumberFormat::into(QString& text, double value) const {
+    const std::vector<std::optional<NumberSection>>& parts = m_sections->parts;
+    if (parts.empty()) {
+        text = numberToText(value);
+        return;
+    }
+    NumberText out;
     // positive;negative;zero: an empty section falls back to the first, minus and all.
-    if (value < 0.0 && parts.size() > 1 && !parts.at(1).isEmpty())
-        return formatNumberSection(-value, parts.at(1), false);
-    if (value == 0.0 && parts.size() > 2 && !parts.at(2).isEmpty())
-        return formatNumberSection(value, parts.at(2), true);
-    return formatNumberSection(value, parts.at(0), true);
+    if (value < 0.0 && parts.size() > 1 && parts[1])
+        layOutSection(-value, *parts[1], false, out);
+    else if (value == 0.0 && parts.size() > 2 && parts[2])
+        layOutSection(value, *parts[2], true, out);
+    else
+        layOutSection(value, *parts[0], true, out);
+    text.resize(out.size());
+    std::copy(out.begin(), out.end(), reinterpret_cast<char16_t*>(text.data()));
+}
+
+QString formatNumber(double value, const QString& pattern) {
+    return numberFormat(pattern)(value);
 }
 
 QString formatDate(double serial, const QString& pattern) {

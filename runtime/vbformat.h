@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <memory>
 
 namespace ostravel {
 
@@ -19,6 +20,22 @@ class Variant;
 // has them: the negative section shows no minus of its own, an empty one falls back to the first.
 // An empty pattern gives the number as CStr does.
 QString formatNumber(double value, const QString& pattern);
+
+// A number pattern read once, for the loops that format many numbers with it; it gives the
+// texts formatNumber gives.
+class NumberFormat {
+public:
+    explicit NumberFormat(const QString& pattern);
+
+    QString operator()(double value) const;
+    // Writes over `text` and keeps its room, so that a box written every day of a long run
+    // needs no new memory.
+    void into(QString& text, double value) const;
+
+private:
+    struct Sections;
+    std::shared_ptr<const Sections> m_sections;
+};
 
 // Date patterns, letters in either case: d dd (day), ddd dddd (weekday), m mm (month; minutes
 // right after an hour or right before seconds), mmm mmmm (English month names, "Feb",

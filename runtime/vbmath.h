@@ -4,6 +4,7 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace ostravel {
 
@@ -28,6 +29,8 @@ double roundHalfAway(double value, int digits = 0);
 // The value rounded to `decimals` places as plain decimal text, "-1234.50" or "0.00", never
 // with an exponent; a result of 0 carries no minus.
 QString fixedDecimalText(double value, int decimals, Tie tie);
+// The same into a buffer of plain characters, for loops that lay out many numbers.
+void fixedDecimalDigits(double value, int decimals, Tie tie, std::string& text);
 
 // Str(x): the numeric-to-string conversion with its leading blank for values not negative and
 // no zero before the point: " 140", " .5", "-.5".

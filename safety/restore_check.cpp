@@ -28,11 +28,11 @@ void checkRestoredDatabase(const QString& path) {
     Database copy;
     copy.open(path);  // refuses a file that is no database, or a damaged one
     SqliteConnection& connection = *copy.connection();
-    for (const TableSpec& table : schemaTables()) {
+    for (const TableShape& table : schemaTables()) {
         const QSet<QString> columns = columnsOf(connection, table.name);
         if (columns.isEmpty())
             throw DatabaseUnusable(path, QStringLiteral("the table '%1' is missing").arg(table.name));
-        for (const ColumnSpec& column : table.columns) {
+        for (const ColumnShape& column : table.columns) {
             if (!columns.contains(column.name.toLower()))
                 throw DatabaseUnusable(
                     path, QStringLiteral("the table '%1' has no column '%2'").arg(table.name, column.name));

@@ -114,6 +114,11 @@ std::shared_ptr<Recordset> Database::openRecordset(const QString& tableNameOrSql
     return std::make_shared<Recordset>(m_connection, tableNameOrSql);
 }
 
+std::shared_ptr<Recordset> Database::openSnapshot(const QString& sql) {
+    live();
+    return std::make_shared<Recordset>(m_connection, sql, Recordset::Access::Snapshot);
+}
+
 QStringList Database::tableNames() const {
     Statement statement = live().prepare(QStringLiteral(
         "select name from sqlite_master where type='table' and name not like 'sqlite\\_%' escape '\\' order by rowid"));

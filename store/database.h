@@ -48,6 +48,8 @@ public:
     long long recordsAffected() const { return m_recordsAffected; }
     // A table by name, or a query; positioned on its first row.
     std::shared_ptr<Recordset> openRecordset(const QString& tableNameOrSql);
+    // A query's rows read once, for a long read that other writes must not slow down; read-only.
+    std::shared_ptr<Recordset> openSnapshot(const QString& sql);
 
     // The tables in the order of their making, and the rows of one.
     QStringList tableNames() const;

@@ -3,6 +3,8 @@
 #include <sqlite3.h>
 
 #include <QRegularExpression>
+#include <cmath>
+#include <cstdio>
 
 #include "runtime/vbdate.h"
 #include "runtime/vberror.h"
@@ -12,6 +14,9 @@ namespace ostravel {
 namespace {
 
 constexpr double kSecondsPerDay = 86400.0;
+// The day serial 0, 30 Dec 1899, as a Julian day; and a bound well inside QDate's range.
+constexpr qint64 kEpochJulianDay = 2415019;
+constexpr double kWholeDayLimit = 2.0e6;
 
 QString columnText(sqlite3_stmt* statement, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
@@ -20,6 +25,51 @@ QString columnText(sqlite3_stmt* statement, int column) {
 
 [[noreturn]] void conversionError() {
     raise(err::DataTypeConversion);
+}
+
+// A whole day as "yyyy-MM-dd", without the general date and time routines: every date of a
+// history is one. False for a serial with a time of day.
+bool wholeIsoDay(double serial, char (&text)[11]) {
+    if (serial != std::floor(serial) || !(std::fabs(serial) < kWholeDayLimit))
+        return false;
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    QDate::fromJulianDay(kEpochJulianDay + static_cast<qint64>(serial)).getDate(&year, &month, &day);
+    if (year < 1 || year > 9999) {
+        std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
+        return true;
+    }
+    // The usual years written digit by digit: every row of a run's tables writes its day.
+    const auto digits = [&](int at, int value, int count) {
+        for (int i = at + count - 1; i >= at; --i, value /= 10) text[i] = static_cast<char>('0' + value % 10);
+    };
+    digits(0, year, 4);
+    text[4] = '-';
+    digits(5, month, 2);
+    text[7] = '-';
+    digits(8, day, 2);
+    text[10] = '\0';
+    return true;
+}
+
+// "yyyy-MM-dd", the form the store writes, read without the pattern: the serial, an invalid
+// day as none, and no answer at all for any other form.
+template <class Char>
+std::optional<std::optional<double>> plainIsoDay(const Char* text, qsizetype size) {
+    if (size != 10 || text[4] != Char('-') || text[7] != Char('-'))
+        return std::nullopt;
+    int parts[3] = {0, 0, 0};
+    const int starts[3] = {0, 5, 8};
+    const int ends[3] = {4, 7, 10};
+    for (int p = 0; p < 3; ++p)
+        for (int i = starts[p]; i < ends[p]; ++i) {
+            if (text[i] < Char('0') || text[i] > Char('9'))
+                return std::nullopt;
+            parts[p] = parts[p] * 10 + int(text[i] - Char('0'));
+        }
+    const QDate day(parts[0], parts[1], parts[2]);
+    return day.isValid() ? std::optional<double>(dateSerial(day)) : std::nullopt;
 }
 
 Variant numberFrom(const Variant& value) {
@@ -47,6 +97,8 @@ FieldKind fieldKindOf(const char* declaredType) {
 }
 
 QString isoDateText(double serial) {
+    if (char text[11]; wholeIsoDay(serial, text))
+        return QString::fromLatin1(text, 10);
     const QDateTime moment = serialToDateTime(serial);
     if (moment.time() == QTime(0, 0))
         return moment.date().toString(QStringLiteral("yyyy-MM-dd"));
@@ -54,6 +106,8 @@ QString isoDateText(double serial) {
 }
 
 std::optional<double> parseIsoDate(const QString& text) {
+    if (const auto plain = plainIsoDay(reinterpret_cast<const char16_t*>(text.utf16()), text.size()))
+        return *plain;
     static const QRegularExpression pattern(
         QStringLiteral("^(\\d{4})-(\\d{2})-(\\d{2})(?:[ T](\\d{2}):(\\d{2})(?::(\\d{2}))?)?$"));
     const QRegularExpressionMatch match = pattern.match(text);
@@ -80,6 +134,9 @@ Variant readField(sqlite3_stmt* statement, int column, FieldKind kind) {
     switch (kind) {
         case FieldKind::Date:
             if (stored == SQLITE_TEXT) {
+                const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+                if (const auto plain = plainIsoDay(bytes, sqlite3_column_bytes(statement, column)); plain && *plain)
+                    return Variant::date(**plain);
                 const QString text = columnText(statement, column);
                 if (const std::optional<double> serial = parseIsoDate(text))
                     return Variant::date(*serial);
@@ -150,6 +207,10 @@ void bindField(sqlite3_stmt* statement, int index, const Variant& value) {
             return;
         }
         case Variant::Kind::Date: {
+            if (char day[11]; wholeIsoDay(value.toDouble(), day)) {
+                sqlite3_bind_text(statement, index, day, 10, SQLITE_TRANSIENT);
+                return;
+            }
             const QByteArray text = isoDateText(value.toDouble()).toUtf8();
             sqlite3_bind_text(statement, index, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
             return;

@@ -55,10 +55,10 @@ const Journaled& journaledTable(const QString& table) {
     raise(dberr::TableNotFound, table);
 }
 
-const TableSpec& specOf(const QString& table) {
-    for (const TableSpec& spec : schemaTables())
-        if (spec.name == table)
-            return spec;
+const TableShape& shapeOf(const QString& table) {
+    for (const TableShape& shape : schemaTables())
+        if (shape.name == table)
+            return shape;
     raise(dberr::TableNotFound, table);
 }
 
@@ -72,7 +72,7 @@ QString imageTable(const QString& table) {
 
 QStringList columnNames(const QString& table) {
     QStringList names;
-    for (const ColumnSpec& column : specOf(table).columns) names << column.name;
+    for (const ColumnShape& column : shapeOf(table).columns) names << column.name;
     return names;
 }
 
@@ -247,7 +247,7 @@ void createJournal(SqliteConnection& connection) {
         QStringLiteral("CREATE INDEX IF NOT EXISTS journal_by_row ON journal (actionID, tablename, rowkey)"));
     for (const Journaled& t : journaled()) {
         QStringList columns = {QStringLiteral("fkJournalID INTEGER NOT NULL"), QStringLiteral("image TEXT NOT NULL")};
-        for (const ColumnSpec& column : specOf(t.table).columns)
+        for (const ColumnShape& column : shapeOf(t.table).columns)
             columns << quoted(column.name) + QLatin1Char(' ') + declaredType(column.type);
         const QString images = imageTable(t.table);
         connection.run(QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (%2)")

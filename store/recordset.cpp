@@ -28,11 +28,11 @@ QString quotedColumn(const QString& name) {
 
 }  // namespace
 
-Recordset::Recordset(std::shared_ptr<SqliteConnection> connection, const QString& tableNameOrSql)
+Recordset::Recordset(std::shared_ptr<SqliteConnection> connection, const QString& tableNameOrSql, Access access)
     : m_connection(std::move(connection)) {
     const QString sql = jetToSqlite(tableNameOrSql);
     const QueryShape shape = analyseSource(sql);
-    m_updatable = shape.updatable;
+    m_updatable = shape.updatable && access == Access::Dynamic;
     if (!m_updatable) {
         openRows(sql);
         return;
@@ -122,6 +122,7 @@ void Recordset::readColumns(sqlite3_stmt* statement) {
     }
     // The first of two columns of one name is the one that the name reaches.
     for (int i = columns - 1; i >= 0; --i) m_positions.insert(m_columns[static_cast<std::size_t>(i)].name.toLower(), i);
+    for (const Column& column : m_columns) m_spelled.insert(column.name, m_positions.value(column.name.toLower()));
 }
 
 void Recordset::requireOpen() const {
@@ -230,6 +231,9 @@ const std::vector<Variant>& Recordset::currentRow() const {
 }
 
 int Recordset::indexOf(const QString& name) const {
+    // Most reads spell the name as the column does, and need no lower-case copy of it.
+    if (const auto spelled = m_spelled.constFind(name); spelled != m_spelled.constEnd())
+        return spelled.value();
     const auto found = m_positions.constFind(name.toLower());
     if (found == m_positions.constEnd())
         raise(err::ItemNotFound);

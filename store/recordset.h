@@ -21,8 +21,12 @@ namespace ostravel {
 
 class Recordset {
 public:
+    // How the rows are held: followed in the table, or read once at opening and never written.
+    enum class Access { Dynamic, Snapshot };
+
     // Opened by Database::openRecordset: a table by name, or a query in Jet's dialect.
-    Recordset(std::shared_ptr<SqliteConnection> connection, const QString& tableNameOrSql);
+    Recordset(std::shared_ptr<SqliteConnection> connection, const QString& tableNameOrSql,
+              Access access = Access::Dynamic);
 
     bool eof() const;
     bool bof() const;
@@ -84,6 +88,7 @@ private:
     std::shared_ptr<SqliteConnection> m_connection;
     std::vector<Column> m_columns;
     QHash<QString, int> m_positions;  // lower-case name -> first column of that name
+    QHash<QString, int> m_spelled;    // the same, by the names as the columns spell them
     bool m_updatable = false;
     bool m_isTable = false;
     QString m_table;                               // written to by update, addNew and deleteCurrent

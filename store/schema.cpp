@@ -19,31 +19,31 @@ namespace {
 const QString kSymbolList = QStringLiteral(":/store/nse-equity-list.csv");
 const QString kQuoteSuffix = QStringLiteral(".NS");
 
-ColumnSpec autoNumber(const char* name) {
+ColumnShape autoNumber(const char* name) {
     return {QString::fromLatin1(name), ColumnType::AutoNumber, {}, {}};
 }
-ColumnSpec integer(const char* name, const char* defaultValue = "") {
+ColumnShape integer(const char* name, const char* defaultValue = "") {
     return {QString::fromLatin1(name), ColumnType::Integer, QString::fromLatin1(defaultValue), {}};
 }
-ColumnSpec real(const char* name, const char* defaultValue = "") {
+ColumnShape real(const char* name, const char* defaultValue = "") {
     return {QString::fromLatin1(name), ColumnType::Real, QString::fromLatin1(defaultValue), {}};
 }
-ColumnSpec text(const char* name, const char* defaultValue = "") {
+ColumnShape text(const char* name, const char* defaultValue = "") {
     return {QString::fromLatin1(name), ColumnType::Text, QString::fromLatin1(defaultValue), {}};
 }
-ColumnSpec date(const char* name) {
+ColumnShape date(const char* name) {
     return {QString::fromLatin1(name), ColumnType::Date, {}, {}};
 }
-ColumnSpec key(const char* name, const char* parent) {
+ColumnShape key(const char* name, const char* parent) {
     return {QString::fromLatin1(name), ColumnType::Integer, {}, QString::fromLatin1(parent)};
 }
 // Holds a position that no column of the program claims, so that the later ones stay in place.
-ColumnSpec spare(int position) {
+ColumnShape spare(int position) {
     return {QStringLiteral("Spare%1").arg(position), ColumnType::Text, {}, {}};
 }
 
-std::vector<TableSpec> buildTables() {
-    std::vector<TableSpec> tables;
+std::vector<TableShape> buildTables() {
+    std::vector<TableShape> tables;
     tables.push_back({QStringLiteral("users"),
                       {autoNumber("pkUserID"),
                        real("BeginningCash", "0"),
@@ -149,7 +149,7 @@ QString quoted(const QString& name) {
     return QLatin1Char('"') + name + QLatin1Char('"');
 }
 
-QString columnSql(const ColumnSpec& column) {
+QString columnSql(const ColumnShape& column) {
     QString sql = quoted(column.name);
     switch (column.type) {
         case ColumnType::AutoNumber:
@@ -199,14 +199,14 @@ void fillSymbolList(SqliteConnection& connection) {
 
 }  // namespace
 
-const std::vector<TableSpec>& schemaTables() {
-    static const std::vector<TableSpec> tables = buildTables();
+const std::vector<TableShape>& schemaTables() {
+    static const std::vector<TableShape> tables = buildTables();
     return tables;
 }
 
-QString createTableSql(const TableSpec& table) {
+QString createTableSql(const TableShape& table) {
     QStringList parts;
-    for (const ColumnSpec& column : table.columns) parts << columnSql(column);
+    for (const ColumnShape& column : table.columns) parts << columnSql(column);
     if (!table.constraints.isEmpty())
         parts << table.constraints;
     return QStringLiteral("CREATE TABLE ") + quoted(table.name) + QStringLiteral(" (") +
@@ -214,7 +214,7 @@ QString createTableSql(const TableSpec& table) {
 }
 
 void createSchema(SqliteConnection& connection) {
-    for (const TableSpec& table : schemaTables()) {
+    for (const TableShape& table : schemaTables()) {
         connection.run(createTableSql(table));
         for (const QString& columns : table.indexes) {
             QString name = columns;

@@ -11,23 +11,23 @@ class SqliteConnection;
 
 enum class ColumnType { AutoNumber, Integer, Real, Text, Date };
 
-struct ColumnSpec {
+struct ColumnShape {
     QString name;
     ColumnType type;
     QString defaultValue;  // an SQL literal; empty for none
     QString references;    // "table(column)" of a parent whose delete takes this row along
 };
 
-struct TableSpec {
+struct TableShape {
     QString name;
-    std::vector<ColumnSpec> columns;  // in the order of their positions
-    QString constraints;              // table constraints, such as a unique name
-    std::vector<QString> indexes;     // column lists the program looks rows up by
+    std::vector<ColumnShape> columns;  // in the order of their positions
+    QString constraints;               // table constraints, such as a unique name
+    std::vector<QString> indexes;      // column lists the program looks rows up by
 };
 
-const std::vector<TableSpec>& schemaTables();
+const std::vector<TableShape>& schemaTables();
 
-QString createTableSql(const TableSpec& table);
+QString createTableSql(const TableShape& table);
 
 // Builds every table and index, the users row of defaults and the symbol list, inside the
 // caller's transaction.

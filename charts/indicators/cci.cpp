@@ -21,20 +21,21 @@ constexpr std::int16_t kAvgAvgLen = 5;
 void CciCalculation::calculate(std::span<const StockRecord> bars, std::int16_t& len, std::int16_t& avgLen,
                                std::int16_t& avgAvgLen) {
     len = kLen;
-    if (!passedOver([&] { begin(bars.size(), {&m_retVal, &m_retValAvg, &m_retValAvgAvg}); }))
+    if (!passedOver([&] { begin(bars.size(), {&m_retVal, &m_retValAvg, &m_retValAvgAvg}, true); }))
         return;
     const auto count = static_cast<std::int64_t>(bars.size());
+    double* out = m_retVal.data();
     if (count >= len) {
         // The share of each bar in a window's mean and its typical price, both in single
-        // precision, are the same for every window the bar is in.
+        // precision, are the same for every window the bar is in. The bars' sums go first into
+        // the line the results take later, so that the divisions go several at a time.
         m_share.resize(bars.size());
         m_typical.resize(bars.size());
+        for (std::size_t j = 0; j < bars.size(); ++j) out[j] = bars[j].High + bars[j].Low + bars[j].Close;
         for (std::size_t j = 0; j < bars.size(); ++j) {
-            const double sum = bars[j].High + bars[j].Low + bars[j].Close;
-            m_share[j] = static_cast<float>(sum / (len * 3));
-            m_typical[j] = static_cast<float>(sum / 3);
+            m_share[j] = static_cast<float>(out[j] / (len * 3));
+            m_typical[j] = static_cast<float>(out[j] / 3);
         }
-        double* out = m_retVal.data();
         std::array<float, kWindowBlock> mean;
         std::array<float, kWindowBlock> dev;
         forWindowBlocks(count, len, [&](std::int64_t start, std::size_t windows) {
@@ -62,6 +63,7 @@ void CciCalculation::calculate(std::span<const StockRecord> bars, std::int16_t& 
             fmt3Many(values, values, windows);
         });
     }
+    std::fill_n(out, std::min<std::int64_t>(len - 1, count), 0.0);
     avgLen = kAvgLen;
     m_average.AvgLen = avgLen;
     m_average.Calculate(m_retVal.values());

@@ -2,6 +2,8 @@
 // a building block of MACD.
 #pragma once
 
+#include <array>
+
 #include "charts/indicators/indicator.h"
 
 namespace ostravel {
@@ -15,9 +17,17 @@ public:
     void GetSavedSettings(std::int16_t sNum = 0) override;
     void SaveCurrentSettings(std::int16_t sNum = 0) override;
 
+    // Calculate of both averages over the same values in one pass, their chains of dependent
+    // steps side by side.
+    static void CalculateBoth(ExpMovAvg& first, ExpMovAvg& second, std::span<const double> x);
+
     std::int32_t ExpAvgLen = 0;
     std::int32_t ExpAvgColor = 0;
     std::int32_t PlotWidth = 0;
+
+private:
+    template <std::size_t N>
+    static void calculate(const std::array<ExpMovAvg*, N>& averages, std::span<const double> x);
 };
 
 }  // namespace ostravel

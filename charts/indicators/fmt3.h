@@ -6,23 +6,29 @@
 #include <cmath>
 #include <cstddef>
 
+#include "charts/indicators/exact_quotient.h"
 #include "runtime/vbmath.h"
 
 namespace ostravel {
 
+// n / 1000 for a whole n below 2^40 in size: the double nearest the decimal, as the text's parse
+// gives it.
+constexpr ExactQuotient kThousandths(1000.0, 13);
+
+// A value whose thousandths lie off a half by more than this share of their size rounds the same
+// on its 15 digits shown as on its bits, whose difference is below 1e-14 of it. The share is wide
+// enough that no size of 1e12 thousandths or more passes: their whole number may be past the
+// exact quotient's bounds.
+constexpr double kOffHalfShare = 5e-13;
+// Adding and taking away 1.5 * 2^52 rounds a double below 2^51 to the nearest whole number.
+constexpr double kRoundingShift = 6755399441055744.0;
+
 inline double Fmt3(double value) {
     const double thousandths = value * 1000.0;
-    // Below 1e12 thousandths the digits shown still reach the third decimal, and a value whose
-    // fraction lies clearly off one half rounds the same on its 15 digits as on its bits.
-    if (std::fabs(thousandths) < 1e12) {
-        const double whole = std::floor(thousandths);
-        const double fraction = thousandths - whole;
-        if (std::fabs(fraction - 0.5) > std::fabs(thousandths) * 1e-14 + 1e-300) {
-            // The quotient of two exact integers is the double nearest the decimal, as the
-            // text's parse gives it; adding 0 leaves no negative zero.
-            return (fraction > 0.5 ? whole + 1.0 : whole) / 1000.0 + 0.0;
-        }
-    }
+    const double nearest = (thousandths + kRoundingShift) - kRoundingShift;
+    const double size = std::fabs(thousandths);
+    if (std::fabs(thousandths - nearest) + size * kOffHalfShare < 0.5)
+        return kThousandths.of(nearest);
     return roundHalfAway(value, 3);
 }
 

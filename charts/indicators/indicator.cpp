@@ -31,12 +31,17 @@ void Indicator::Calculate(std::span<const StockRecord>) {
     raise(err::TypeMismatch);
 }
 
-void Indicator::begin(std::size_t count, std::initializer_list<ResultLine*> lines) {
+void Indicator::begin(std::size_t count, std::initializer_list<ResultLine*> lines, bool inFull) {
     if (count > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()) + 1)
         raise(err::Overflow);
     m_boundHi = static_cast<std::int16_t>(static_cast<int>(count) - 1);
     m_boundLo = 0;
-    for (ResultLine* line : lines) line->reset(count);
+    for (ResultLine* line : lines) {
+        if (inFull)
+            line->resize(count);
+        else
+            line->reset(count);
+    }
 }
 
 QString keySuffix(std::int16_t sNum) {

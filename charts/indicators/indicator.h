@@ -25,6 +25,8 @@ namespace ostravel {
 class ResultLine {
 public:
     void reset(std::size_t count) { m_values.assign(count, 0.0); }
+    // To `count` values, those kept from before unchanged: for a calculation that writes them all.
+    void resize(std::size_t count) { m_values.resize(count); }
     void swap(ResultLine& other) noexcept { m_values.swap(other.m_values); }
     double at(int index) const;
     void set(int index, double value);
@@ -60,7 +62,9 @@ protected:
 
     // The first act of every Calculate: the bounds of the input, and each result line emptied
     // to that size. Indexes are 16-bit: a longer input raises 6 before anything is computed.
-    void begin(std::size_t count, std::initializer_list<ResultLine*> lines);
+    // Where no error can stop the calculation before it has written every value of its lines
+    // (`inFull`), they are only sized, without a pass to empty them.
+    void begin(std::size_t count, std::initializer_list<ResultLine*> lines, bool inFull = false);
 
     QString m_iniFile;
 

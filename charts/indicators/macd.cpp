@@ -9,21 +9,20 @@ const QString kSection = QStringLiteral("MACDSettings");
 }  // namespace
 
 void MACD::Calculate(std::span<const double> x) {
-    begin(x.size(), {&m_retVal, &m_retValSig, &m_retValHist});
+    begin(x.size(), {&m_retVal, &m_retValSig, &m_retValHist}, MACDLen1 != -1 && MACDLen2 != -1 && MACDLen3 != -1);
     m_fast.ExpAvgLen = MACDLen1;
     m_slow.ExpAvgLen = MACDLen2;
     m_signal.ExpAvgLen = MACDLen3;
-    m_fast.Calculate(x);
-    m_slow.Calculate(x);
+    ExpMovAvg::CalculateBoth(m_fast, m_slow, x);
     double* line = m_retVal.data();
-    for (std::size_t i = 0; i < x.size(); ++i) line[i] = m_fast.values()[i] - m_slow.values()[i];
+    const double* fast = m_fast.values().data();
+    const double* slow = m_slow.values().data();
+    for (std::size_t i = 0; i < x.size(); ++i) line[i] = fast[i] - slow[i];
     m_signal.Calculate(m_retVal.values());
-    double* sig = m_retValSig.data();
+    m_signal.handOver(m_retValSig);
+    const double* sig = m_retValSig.data();
     double* hist = m_retValHist.data();
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        sig[i] = m_signal.values()[i];
-        hist[i] = line[i] - sig[i];
-    }
+    for (std::size_t i = 0; i < x.size(); ++i) hist[i] = line[i] - sig[i];
 }
 
 const std::initializer_list<SettingKey<MACD>> kKeys = {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "charts/indicators/exact_quotient.h"
 #include "charts/indicators/fmt3.h"
 #include "runtime/vbmath.h"
 
@@ -15,14 +16,19 @@ const QString kSection = QStringLiteral("AvgSettings");
 }  // namespace
 
 void MovAvg::Calculate(std::span<const double> x) {
-    begin(x.size(), {&m_retVal});
-    const auto count = static_cast<std::int64_t>(x.size());
     const std::int64_t length = AvgLen;
-    if (length < 0 || count - length < 0)
-        return;  // no window: every result stays 0
+    begin(x.size(), {&m_retVal}, length != 0);
+    const auto count = static_cast<std::int64_t>(x.size());
+    double* out = m_retVal.data();
+    if (length < 0 || count - length < 0) {
+        std::fill_n(out, count, 0.0);  // no window: every result 0
+        return;
+    }
     if (length == 0)
         divide(0.0, 0.0);  // the first empty window's average, 0 / 0
-    double* out = m_retVal.data();
+    std::fill_n(out, length - 1, 0.0);
+    // A sum of a single's 24 bits over a period of at most 2^15 bars (a longer input has raised).
+    const ExactQuotient average(static_cast<double>(length), 29);
     // Each window's running sum is rounded to single precision at every addition.
     std::array<float, kWindowBlock> sums;
     forWindowBlocks(count, length, [&](std::int64_t start, std::size_t windows) {
@@ -33,8 +39,7 @@ void MovAvg::Calculate(std::span<const double> x) {
                 sums[w] = static_cast<float>(static_cast<double>(sums[w]) + values[w]);
         }
         double* averages = out + start + length - 1;
-        for (std::size_t w = 0; w < windows; ++w)
-            averages[w] = static_cast<double>(sums[w]) / static_cast<double>(length);
+        for (std::size_t w = 0; w < windows; ++w) averages[w] = average.of(static_cast<double>(sums[w]));
         fmt3Many(averages, averages, windows);
     });
 }

@@ -16,16 +16,19 @@ const QString kSection = QStringLiteral("ROC%Settings");
 }  // namespace
 
 void ROCPercent::Calculate(std::span<const double> x) {
-    begin(x.size(), {&m_retVal});
-    const auto hi = static_cast<std::int64_t>(x.size()) - 1;
     const std::int64_t length = ROCLen;
-    if (hi < length)
+    begin(x.size(), {&m_retVal}, length >= 0);
+    const auto hi = static_cast<std::int64_t>(x.size()) - 1;
+    double* out = m_retVal.data();
+    if (hi < length) {
+        std::fill_n(out, x.size(), 0.0);
         return;
+    }
     if (length < 0)
         raise(err::SubscriptOutOfRange);  // a negative period reaches past the newest bar
+    std::fill_n(out, length, 0.0);
     // Every change at once, then the walk from the newest bar down finds where it would stop: a
     // zero close in the divisor, or a change beyond a single.
-    double* out = m_retVal.data();
     for (std::int64_t i = length; i <= hi; ++i) {
         const double before = x[static_cast<std::size_t>(i - length)];
         out[i] = (x[static_cast<std::size_t>(i)] - before) / before * 100;

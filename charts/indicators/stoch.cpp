@@ -24,20 +24,25 @@ void smoothByThirds(const std::vector<double>& k, double* d) {
             for (std::size_t j = i; j < k.size(); ++j) d[j] = Fmt3((d[j - 1] + d[j - 1] + k[j]) / 3);
             return;
         }
-        const auto sum = 2 * previous + static_cast<std::int64_t>(std::nearbyint(k[i] * 1000)) + 1;
+        const double thousandths = (k[i] * 1000 + kRoundingShift) - kRoundingShift;  // a call less than nearbyint
+        const auto sum = 2 * previous + static_cast<std::int64_t>(thousandths) + 1;
         previous = sum >= 0 ? sum / 3 : -((-sum + 2) / 3);
-        d[i] = static_cast<double>(previous) / 1000.0;
+        d[i] = kThousandths.of(static_cast<double>(previous));
     }
 }
 
 }  // namespace
 
 void Stoch::Calculate(std::span<const StockRecord> bars) {
-    begin(bars.size(), {&m_retValK, &m_retValD, &m_retValKSlow});
+    // Only an average over no bars fails.
+    begin(bars.size(), {&m_retValK, &m_retValD, &m_retValKSlow}, m_slowPeriod != 0 && DPeriod != 0);
     const auto count = static_cast<std::int64_t>(bars.size());
     const std::int64_t period = KPeriod;
     double* k = m_retValK.data();
-    if (period > 0 && count >= period) {
+    const bool anyWindow = period > 0 && count >= period;
+    // An empty period gives windows of no bars, whose range is below 0: every %K is 0.
+    std::fill_n(k, anyWindow ? period - 1 : count, 0.0);
+    if (anyWindow) {
         m_lows.resize(bars.size());
         m_highs.resize(bars.size());
         for (std::size_t j = 0; j < bars.size(); ++j) {
@@ -67,16 +72,19 @@ void Stoch::Calculate(std::span<const StockRecord> bars) {
             for (std::size_t w = 0; w < windows; ++w) values[w] = single(values[w]);
         });
     }
-    // An empty period gives windows of no bars, whose range is below 0: every %K stays 0.
-
     m_average.AvgLen = m_slowPeriod;
     m_average.Calculate(m_retValK.values());
     // Fmt3 of the average, which Fmt3 has already made, is the average itself.
     m_average.handOver(m_retValKSlow);
-    // Kept: %D averages fast %K, not the slow line, then smooths again by thirds from 0.
-    m_average.AvgLen = DPeriod;
-    m_average.Calculate(m_retValK.values());
-    smoothByThirds(m_average.values(), m_retValD.data());
+    // Kept: %D averages fast %K, not the slow line, then smooths again by thirds from 0. Over the
+    // slow period that average is the slow line itself.
+    if (DPeriod != m_slowPeriod) {
+        m_average.AvgLen = DPeriod;
+        m_average.Calculate(m_retValK.values());
+    }
+    if (count > 0)
+        m_retValD.data()[0] = 0;
+    smoothByThirds(DPeriod != m_slowPeriod ? m_average.values() : m_retValKSlow.values(), m_retValD.data());
 }
 
 const std::initializer_list<SettingKey<Stoch>>& Stoch::settingKeys() {

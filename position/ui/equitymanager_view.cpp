@@ -11,6 +11,7 @@
 #include <QMdiSubWindow>
 #include <QPalette>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -67,11 +68,16 @@ EquityManagerForm::EquityManagerForm(Program& program, QWidget* parent)
     work->addWidget(makeAdvice());
     work->addWidget(makeTradeHistory(), 1);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(positions);
-    layout->addLayout(work);
-    layout->addWidget(makeResults());
-    layout->addStretch();
+    auto* figures = new QVBoxLayout;
+    figures->addLayout(positions);
+    figures->addLayout(work);
+    figures->addWidget(makeResults());
+    figures->addStretch();
+
+    // A simulation's narrative and the pages beside it stand to the right of the figures.
+    auto* layout = new QHBoxLayout(this);
+    layout->addLayout(figures);
+    layout->addWidget(makeSimulationPages(), 1);
 
     refresh();
 }
@@ -298,7 +304,6 @@ QGroupBox* EquityManagerForm::makeTradeHistory() {
     m_dtbdate = datePicker("dtbdate", Frame5);
     m_dtedate = datePicker("dtedate", Frame5);
     m_Combo1 = makeComboBox(QStringLiteral("Combo1"), m_state.Combo1, Frame5);
-    // This build has no simulation run yet: the button waits disabled.
     m_Command3 = button("Command3", m_state.Command3.caption, Frame5);
 
     auto* grid = new QGridLayout(Frame5);
@@ -309,10 +314,6 @@ QGroupBox* EquityManagerForm::makeTradeHistory() {
     grid->addWidget(caption(QStringLiteral("Select Daily/Weekly/Monthly"), Frame5), 2, 0);
     grid->addWidget(m_Combo1, 2, 1);
     grid->addWidget(m_Command3, 3, 1);
-    QLabel* lblsimulation = label("lblsimulation", m_state.lblsimulation, Frame5);
-    lblsimulation->setWordWrap(true);
-    lblsimulation->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    grid->addWidget(lblsimulation, 0, 2, 5, 1);
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(4, 1);
 
@@ -325,7 +326,28 @@ QGroupBox* EquityManagerForm::makeTradeHistory() {
         m_state.Combo1_Click();
         refresh();
     });
+    connect(m_Command3, &QPushButton::clicked, this, [this] {
+        m_actions.Command3_Click();
+        refresh();
+        refreshFrame();
+    });
     return Frame5;
+}
+
+QTabWidget* EquityManagerForm::makeSimulationPages() {
+    m_simulationPages = new QTabWidget(this);
+    m_simulationPages->setObjectName(QStringLiteral("simulationPages"));
+    QLabel* lblsimulation = label("lblsimulation", m_state.lblsimulation, m_simulationPages);
+    lblsimulation->setWordWrap(true);
+    lblsimulation->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    lblsimulation->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    lblsimulation->setMargin(8);
+    m_simulationPages->addTab(lblsimulation, QStringLiteral("Narrative"));
+    return m_simulationPages;
+}
+
+void EquityManagerForm::addSimulationPage(QWidget* page, const QString& title) {
+    m_simulationPages->addTab(page, title);
 }
 
 QWidget* EquityManagerForm::makeResults() {
@@ -370,7 +392,9 @@ void EquityManagerForm::refresh() {
     m_Command6->setEnabled(m_state.Command6.enabled);
     m_cmdaddtrade->setEnabled(m_state.cmdaddtrade.enabled);
     m_Command5->setEnabled(m_state.Command5.enabled);
-    m_Command3->setEnabled(false);
+    m_Command3->setEnabled(m_state.Command3.enabled);
+    // The pages of a simulation show once the screen is arranged for one.
+    m_simulationPages->setVisible(m_state.Frame2_1BesideFrame1);
 
     const QSignalBlocker b1(m_dtbdate), b2(m_dtedate), b3(m_Combo1);
     m_dtbdate->setDate(serialToDate(m_state.dtbdate));

@@ -13,6 +13,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QTabWidget;
 
 namespace ostravel {
 
@@ -32,6 +33,9 @@ public:
     // Mirrors the state into the widgets.
     void refresh();
 
+    // A page beside the narrative of a simulation, which the frame puts there.
+    void addSimulationPage(QWidget* page, const QString& title);
+
 protected:
     bool event(QEvent* event) override;
 
@@ -47,6 +51,7 @@ private:
     QGroupBox* makeAdvice();
     QGroupBox* makeTradeHistory();
     QWidget* makeResults();
+    QTabWidget* makeSimulationPages();
 
     // The screen came to the front among the main frame's children.
     void Form_Activate();
@@ -72,6 +77,7 @@ private:
     QDateEdit* m_dtbdate = nullptr;
     QDateEdit* m_dtedate = nullptr;
     QComboBox* m_Combo1 = nullptr;
+    QTabWidget* m_simulationPages = nullptr;
 };
 
 }  // namespace ostravel

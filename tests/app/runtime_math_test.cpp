@@ -1,6 +1,10 @@
 // Val, the two roundings, Str and CStr, and the integer and single-precision conversions.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <random>
+#include <string>
+
 #include "runtime/vberror.h"
 #include "runtime/vbmath.h"
 #include "tests/support/raised.h"
@@ -188,6 +192,54 @@ TEST(SingleTest, KeepsTheRoundingOfA32BitFloat) {
     EXPECT_EQ(single(0.5), 0.5);
     EXPECT_EQ(single(16777217.0), 16777216.0);
     EXPECT_EQ(toSingle(16777217.0), 16777216.0f);
+}
+
+// A decimal written with few digits is what the run time shows of its double, and rounds as the
+// written digits do, ties included; the quick ways through these conversions must keep that.
+TEST(DecimalTextTest, FewDigitsRoundAsWritten) {
+    std::mt19937 random(20240611);
+    const auto digitsOf = [&](int most) {
+        std::string digits;
+        for (int n = std::uniform_int_distribution<int>(0, most)(random); n > 0; --n)
+            digits += char('0' + std::uniform_int_distribution<int>(0, 9)(random));
+        return digits;
+    };
+    for (int i = 0; i < 20000; ++i) {
+        std::string whole = digitsOf(7);
+        whole.erase(0, std::min(whole.find_first_not_of('0'), whole.size()));
+        std::string places = digitsOf(4);
+        const bool negative = i % 3 == 0;
+        const std::string written = (negative ? "-" : "") + (whole.empty() ? "0" : whole) + "." + places;
+        const double value = std::strtod(written.c_str(), nullptr);
+        SCOPED_TRACE(written);
+        EXPECT_EQ(Val(QString::fromStdString(written)), value);
+        EXPECT_EQ(textToDouble(QString::fromStdString(written)), value);
+
+        // CStr: the digits as written, without the zeros at the end.
+        std::string trimmed = places.substr(0, places.find_last_not_of('0') + 1);
+        std::string shown = (whole.empty() ? "0" : whole) + (trimmed.empty() ? "" : "." + trimmed);
+        const bool zero = shown == "0";
+        EXPECT_EQ(numberToText(value).toStdString(), (negative && !zero ? "-" : "") + shown);
+
+        // Two places, halves away from zero or to the even digit, on the written digits.
+        places.resize(std::max<std::size_t>(places.size(), 3), '0');
+        for (const Tie tie : {Tie::AwayFromZero, Tie::ToEven}) {
+            long long hundredths = std::stoll((whole.empty() ? "0" : whole) + places.substr(0, 2));
+            const char next = places[2];
+            const bool restZero = places.find_first_not_of('0', 3) == std::string::npos;
+            if (next > '5' || (next == '5' && (!restZero || tie == Tie::AwayFromZero || hundredths % 2 == 1)))
+                ++hundredths;
+            char expected[40];
+            std::snprintf(expected, sizeof expected, "%s%lld.%02lld", negative && hundredths != 0 ? "-" : "",
+                          hundredths / 100, hundredths % 100);
+            EXPECT_EQ(fixedDecimalText(value, 2, tie).toStdString(), expected);
+            if (tie == Tie::ToEven) {
+                EXPECT_EQ(Round(value, 2), std::strtod(expected, nullptr));
+            }
+        }
+        const auto single = static_cast<float>(value);
+        EXPECT_EQ(singleText(single), numberToText(QString::number(double(single), 'g', 7).toDouble()));
+    }
 }
 
 }  // namespace

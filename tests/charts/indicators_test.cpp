@@ -6,6 +6,7 @@
 #include <random>
 
 #include "charts/indicators/cci.h"
+#include "charts/indicators/exact_quotient.h"
 #include "charts/indicators/expmovavg.h"
 #include "charts/indicators/fmt3.h"
 #include "charts/indicators/macd.h"
@@ -14,6 +15,7 @@
 #include "charts/indicators/rsi.h"
 #include "charts/indicators/stoch.h"
 #include "runtime/vberror.h"
+#include "runtime/vbformat.h"
 #include "tests/support/raised.h"
 
 namespace ostravel::test {
@@ -38,17 +40,49 @@ std::vector<StockRecord> barsOf(const Series& highs, const Series& lows, const S
     return bars;
 }
 
-TEST(Fmt3, AgreesWithTheTextRoundingOnTiesAndOnRandomValuesOneOrSeveralAtATime) {
-    Series values = {0.0005, -0.0005, 1.0005, 2.675, 10.0015, 425.4375, 1e-20, -1e-17, 123456789.0125, 5e11, 0};
+TEST(Fmt3, GivesTheTextsNumberBitForBitOnTiesAndOnRandomValuesOneOrSeveralAtATime) {
+    Series values = {0.0005,         -0.0005, 1.0005,  2.675, 10.0015,        425.4375,       1e-20,           -1e-17,
+                     123456789.0125, 5e11,    0,       -0.0,  999999999.9995, 999999999.9985, -999999999.9994, 1e9,
+                     4e9 + 0.0625,   0.0625,  -6.0625, 1e300};
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> any(-20000, 20000);
+    std::uniform_real_distribution<double> digits(-9, 9);
     for (int i = 0; i < 20000; ++i) values.push_back(any(random));
-    for (int i = 0; i < 2000; ++i) values.push_back(std::round(any(random) * 1000) / 1000 + 0.0005);
+    for (int i = 0; i < 20000; ++i) values.push_back(static_cast<float>(std::pow(10.0, digits(random))));
+    for (int i = 0; i < 2000; ++i) {
+        const double tie = std::round(any(random) * 1000) / 1000 + 0.0005;
+        values.insert(values.end(), {tie, std::nextafter(tie, 1e300), std::nextafter(tie, -1e300)});
+    }
     Series many = values;
     fmt3Many(many.data(), many.data(), many.size());  // in place, a tie among every few
     for (std::size_t i = 0; i < values.size(); ++i) {
-        EXPECT_EQ(Fmt3(values[i]), roundHalfAway(values[i], 3)) << values[i];
-        EXPECT_EQ(many[i], roundHalfAway(values[i], 3)) << values[i];
+        const auto text = std::bit_cast<std::uint64_t>(Val(formatNumber(values[i], QStringLiteral("#.000"))));
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(Fmt3(values[i])), text) << values[i];
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(many[i]), text) << values[i];
+    }
+    // A sum beyond a single's range, or of such sums, is no number the text could show.
+    for (const double value : {HUGE_VAL, -HUGE_VAL, std::nan("")})
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(Fmt3(value)), std::bit_cast<std::uint64_t>(value));
+}
+
+TEST(ExactQuotient, IsTheDivisionBitForBitWithinItsBounds) {
+    std::mt19937_64 random(11);
+    // Whole thousandths below 2^40, and sums of singles over periods up to 2^15 bars.
+    for (const auto& [divisor, headBits, edge] : {std::tuple(1000.0, 13, 0x1p40 - 1),
+                                                  {3.0, 29, 0x1.fffffep127},
+                                                  {21.0, 29, 0x1p-149},
+                                                  {4.0, 29, HUGE_VAL},
+                                                  {32767.0, 29, 1.0}}) {
+        const ExactQuotient quotient(divisor, headBits);
+        Series dividends = {0.0, -0.0, edge, -edge, std::nan("")};
+        for (int i = 0; i < 100000; ++i)
+            dividends.push_back(headBits == 13
+                                    ? static_cast<double>(random() >> 24) - 0x1p39
+                                    : std::bit_cast<float>(static_cast<std::uint32_t>(random()) & 0xff7fffffU));
+        for (const double dividend : dividends)
+            ASSERT_EQ(std::bit_cast<std::uint64_t>(quotient.of(dividend)),
+                      std::bit_cast<std::uint64_t>(dividend / divisor))
+                << dividend << " / " << divisor;
     }
 }
 
@@ -185,6 +219,42 @@ TEST(Indicators, ResultsBelowIndexZeroReadZeroAndPastTheEndRaise) {
     EXPECT_EQ(errorOf([&] { average.Calculate(tooLong); }), err::Overflow);
     EXPECT_EQ(errorOf([&] { cci.Calculate(std::vector<StockRecord>(32769)); }), 0);
     EXPECT_EQ(errorOf([&] { average.Calculate(Series(32768, 1.0)); }), 0);
+}
+
+// A long series under one period, then a shorter one that rises at first (RSI fails at its first
+// value) under another, or one that fails or finds no window: nothing of the first may show.
+template <class T>
+void expectNothingLeft(void (*set)(T&, int), std::initializer_list<double (T::*)(int) const> lines) {
+    Series longer, shorter;
+    for (int i = 0; i < 60; ++i) longer.push_back(100 + i * 37 % 11 - i % 4 * 0.4375);
+    for (int i = 0; i < 30; ++i) shorter.push_back(i < 12 ? 50 + i : 62 - i % 3 * 1.5);
+    const auto run = [](T& calc, const Series& x) {
+        if constexpr (std::is_same_v<T, CCI> || std::is_same_v<T, Stoch>)
+            return errorOf([&] { calc.Calculate(barsOf(x, Series(x.size(), 40.0), x)); });
+        else
+            return errorOf([&] { calc.Calculate(x); });
+    };
+    for (int period : {3, 7, 40, 0, -1}) {
+        T reused, fresh;
+        set(reused, 2);
+        run(reused, longer);
+        set(reused, period);
+        set(fresh, period);
+        EXPECT_EQ(run(reused, shorter), run(fresh, shorter)) << period;
+        for (auto line : lines) EXPECT_EQ(results(reused, line, 30), results(fresh, line, 30)) << period;
+    }
+}
+
+TEST(Indicators, ACalculationLeavesNothingOfTheOneBefore) {
+    expectNothingLeft<MovAvg>([](MovAvg& c, int n) { c.AvgLen = n; }, {&MovAvg::RetVal});
+    expectNothingLeft<ExpMovAvg>([](ExpMovAvg& c, int n) { c.ExpAvgLen = n; }, {&ExpMovAvg::RetVal});
+    expectNothingLeft<MACD>([](MACD& c, int n) { c.MACDLen1 = c.MACDLen2 = c.MACDLen3 = static_cast<std::int16_t>(n); },
+                            {&MACD::RetVal, &MACD::RetValSig, &MACD::RetValHist});
+    expectNothingLeft<ROCPercent>([](ROCPercent& c, int n) { c.ROCLen = n; }, {&ROCPercent::RetVal});
+    expectNothingLeft<RSI>([](RSI& c, int n) { c.RsiLen = n; }, {&RSI::RetVal});
+    expectNothingLeft<Stoch>([](Stoch& c, int n) { c.KPeriod = c.DPeriod = static_cast<std::int16_t>(n); },
+                             {&Stoch::RetValK, &Stoch::RetValKSlow, &Stoch::RetValD});
+    expectNothingLeft<CCI>([](CCI&, int) {}, {&CCI::RetVal, &CCI::RetValAvg, &CCI::RetValAvgAvg});
 }
 
 // --- a real history against the program's arithmetic, one window at a time ---

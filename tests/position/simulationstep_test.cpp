@@ -2,6 +2,7 @@
 #include "position/equitymanager.h"
 #include "position/pcaresult.h"
 #include "position_fixture.h"
+#include "store/row_appender.h"
 
 namespace ostravel {
 namespace {
@@ -16,7 +17,7 @@ protected:
                         .arg(day + 1, 2, 10, QLatin1Char('0'))
                         .arg(closes[day]));
         store().simulation = store().database().openRecordset(QStringLiteral("select * from simulation order by date"));
-        values().simtrades = store().database().openRecordset(QStringLiteral("select * from simtrades"));
+        values().simtrades = std::make_shared<RowAppender>(store().database(), QStringLiteral("simtrades"));
         values().simportcontrol = 0;
         m_program.frame().cmbequity = QStringLiteral("INFY.NS");
         em().clearcolor();

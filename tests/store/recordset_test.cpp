@@ -1,5 +1,6 @@
 #include "runtime/vbdate.h"
 #include "store/dberrors.h"
+#include "store/fieldvalue.h"
 #include "tests/store/storetestsupport.h"
 
 namespace ostravel::test {
@@ -124,6 +125,17 @@ INSTANTIATE_TEST_SUITE_P(
         Conversion{"EquitySymbol", Variant(140.5), Variant("140.5")},
         Conversion{"EquitySymbol", Variant(true), Variant("True")},
         Conversion{"portname", Variant::null(), Variant::null()}));
+
+// The text a date is stored as: the usual years written by hand, the rest as the general
+// routines write them.
+TEST(IsoDateText, AsTheStoreWritesIt) {
+    const std::pair<double, const char*> days[] = {
+        {0, "1899-12-30"},       {-1, "1899-12-29"},      {2, "1900-01-01"},
+        {45000, "2023-03-15"},   {2958465, "9999-12-31"}, {-693593, "0001-01-01"},
+        {1999999, "7375-10-22"}, {-693594, "-001-12-31"}, {38000.5, "2004-01-14 12:00:00"},
+    };
+    for (const auto& [serial, text] : days) EXPECT_EQ(isoDateText(serial), QString::fromLatin1(text)) << serial;
+}
 
 TEST_F(RecordsetTest, WritingNeedsEditOrAddNew) {
     const auto infy = holding("INFY");

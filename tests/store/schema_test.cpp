@@ -215,7 +215,7 @@ TEST(Schema, DatesSortInTimeOrder) {
 TEST(Schema, EveryTableIsMadeWithItsColumns) {
     ScratchDatabase store;
     QStringList expected;
-    for (const TableSpec& table : schemaTables()) {
+    for (const TableShape& table : schemaTables()) {
         expected << table.name;
         EXPECT_EQ(store.db.openRecordset(table.name)->fieldCount(), static_cast<int>(table.columns.size()));
     }
