@@ -41,4 +41,8 @@ void openBrowser(Program& program, const QString& url) {
     program.module<Screens>().show(QStringLiteral("frmBrowser"));
 }
 
+bool builtInViewCanRun(bool root, const QByteArray& engineFlags, bool sandboxSwitchedOff) {
+    return !root || sandboxSwitchedOff || engineFlags.split(' ').contains("--no-sandbox");
+}
+
 }  // namespace ostravel

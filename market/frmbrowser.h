@@ -2,6 +2,7 @@
 // button that hides and shows the navigator beside it.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -36,5 +37,12 @@ QString browserHome(Program& program);
 
 // Sets the start address and shows frmBrowser.
 void openBrowser(Program& program, const QString& url);
+
+// Whether the built-in web view may start in this process. Its engine ends the whole program
+// when it starts as root with its sandbox on; there pages go to the desktop's browser, unless
+// the sandbox was turned off by hand (--no-sandbox among the engine's flags, or its switch).
+bool builtInViewCanRun(bool root, const QByteArray& engineFlags, bool sandboxSwitchedOff);
+
+inline const QString kPageNotOpened = QStringLiteral("The page could not be opened: ");
 
 }  // namespace ostravel

@@ -1,14 +1,19 @@
 #include "market/ui/frmbrowser_view.h"
 
+#include <unistd.h>
+
 #include <QDesktopServices>
 #include <QUrl>
 
 #include "context/program.h"
 #include "market/frmbrowser.h"
+#include "runtime/prompt.h"
 
 #ifdef OSTRAVEL_HAVE_WEBENGINE
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -48,6 +53,10 @@ FrmBrowserForm::FrmBrowserForm(Program& program, QWidget* parent)
     m_cboAddress->setInsertPolicy(QComboBox::NoInsert);
     m_cboAddress->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(m_cboAddress, &QComboBox::textActivated, this, &FrmBrowserForm::navigate);
+    // A box that adds nothing to its list of itself sends no activation for Enter: the typed text
+    // goes from its line.
+    connect(m_cboAddress->lineEdit(), &QLineEdit::returnPressed, this,
+            [this] { navigate(m_cboAddress->currentText()); });
     m_Command1 = new QPushButton(m_state.Command1, this);
     m_Command1->setObjectName(QStringLiteral("Command1"));
     connect(m_Command1, &QPushButton::clicked, this, [this] {
@@ -60,9 +69,18 @@ FrmBrowserForm::FrmBrowserForm(Program& program, QWidget* parent)
         m_cboAddress->setEditText(url.toString());
     });
     connect(m_brwWebBrowser, &QWebEngineView::titleChanged, this, &QWidget::setWindowTitle);
+    // While a page loads, how far it has come.
+    auto* progress = new QProgressBar(this);
+    progress->setObjectName(QStringLiteral("timTimer"));
+    progress->setMaximumWidth(120);
+    progress->hide();
+    connect(m_brwWebBrowser, &QWebEngineView::loadStarted, progress, &QWidget::show);
+    connect(m_brwWebBrowser, &QWebEngineView::loadProgress, progress, &QProgressBar::setValue);
+    connect(m_brwWebBrowser, &QWebEngineView::loadFinished, progress, &QWidget::hide);
 
     auto* addressLine = new QHBoxLayout;
     addressLine->addWidget(m_cboAddress, 1);
+    addressLine->addWidget(progress);
     addressLine->addWidget(m_Command1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -99,18 +117,23 @@ void FrmBrowserForm::refreshAddresses() {
 #endif
 
 void showBrowser(Program& program, const std::function<QWidget*(const std::function<QWidget*()>&)>& place) {
+    const QString address = program.module<FrmBrowser>().startingAddress;
 #ifdef OSTRAVEL_HAVE_WEBENGINE
-    bool made = false;
-    auto* browser = static_cast<FrmBrowserForm*>(place([&]() -> QWidget* {
-        made = true;
-        return new FrmBrowserForm(program);
-    }));
-    if (!made)
-        browser->navigateStart();
-#else
-    (void)place;
-    QDesktopServices::openUrl(QUrl::fromUserInput(program.module<FrmBrowser>().startingAddress));
+    if (builtInViewCanRun(::geteuid() == 0, qgetenv("QTWEBENGINE_CHROMIUM_FLAGS"),
+                          qEnvironmentVariableIsSet("QTWEBENGINE_DISABLE_SANDBOX"))) {
+        bool made = false;
+        auto* browser = static_cast<FrmBrowserForm*>(place([&]() -> QWidget* {
+            made = true;
+            return new FrmBrowserForm(program);
+        }));
+        if (!made)
+            browser->navigateStart();
+        return;
+    }
 #endif
+    (void)place;
+    if (!QDesktopServices::openUrl(QUrl::fromUserInput(address)))
+        program.prompt().inform(kPageNotOpened + address);
 }
 
 }  // namespace ostravel

@@ -37,7 +37,8 @@ private:
 #endif
 
 // Shows the state's starting address: in frmBrowser as a child of the frame (make gives the
-// window a place), or in the desktop's browser when the build has no web view.
+// window a place), or in the desktop's browser when the build has no web view or it can't run in
+// this process; a page that opens nowhere is told.
 void showBrowser(Program& program, const std::function<QWidget*(const std::function<QWidget*()>&)>& place);
 
 }  // namespace ostravel

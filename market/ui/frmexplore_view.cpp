@@ -1,6 +1,8 @@
 #include "market/ui/frmexplore_view.h"
 
+#include <QAbstractButton>
 #include <QListWidget>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QToolBox>
 #include <QVBoxLayout>
@@ -31,6 +33,16 @@ FrmExploreForm::FrmExploreForm(Program& program, QWidget* parent) : QWidget(pare
         }
         bar->addItem(items, group.caption);
     }
+    // From the keyboard: Tab reaches the group headings, Space opens one and puts the keyboard in
+    // its items; the frame round a group's items is passed over. The navigator, given the
+    // keyboard, gives it to the open group's items.
+    for (QAbstractButton* heading : bar->findChildren<QAbstractButton*>()) heading->setFocusPolicy(Qt::TabFocus);
+    for (QScrollArea* frame : bar->findChildren<QScrollArea*>()) frame->setFocusPolicy(Qt::NoFocus);
+    setFocusProxy(bar->currentWidget());
+    connect(bar, &QToolBox::currentChanged, this, [this, bar] {
+        setFocusProxy(bar->currentWidget());
+        bar->currentWidget()->setFocus();
+    });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(bar);

@@ -1,6 +1,10 @@
 // The navigator in the frame, on the offscreen platform: an item opens its page from the loopback
-// service in the built-in view, right of the navigator; "Nav Hide" hides the bar.
+// service in the built-in view, right of the navigator; "Nav Hide" hides the bar; Help's Online
+// Help and Report Bug open the program's pages; an empty stock code opens nothing.
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -10,6 +14,7 @@
 #include <QWebEngineView>
 
 #include "app/mdiform1_view.h"
+#include "market/frmexplore.h"
 #include "runtime/apppath.h"
 #include "tests/market/market_fixture.h"
 #include "tests/support/program_screen_test.h"
@@ -17,18 +22,25 @@
 using namespace ostravel;
 using namespace ostravel::test;
 
+namespace {
+
+ServiceReply page(const char* title) {
+    return ServiceReply{httpAnswer(
+        200, "text/html", QByteArray("<html><head><title>") + title + "</title></head><body>page</body></html>")};
+}
+
+}  // namespace
+
 class NavigatorScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
 private Q_SLOTS:
     void init() {
         QVERIFY(openProgram());
         m_service = std::make_unique<MarketService>(testData());
-        m_service->route(QStringLiteral("/c/1y/a/"), [](const ServiceRequest&) {
-            return ServiceReply{httpAnswer(
-                200, "text/html", "<html><head><title>One year of infy</title></head><body>chart</body></html>")};
-        });
-        writeHosts(QStringLiteral("[Hosts]\nchart=") + m_service->hostPort() + QLatin1Char('\n'));
-        m_program->frame().cmbequity = QStringLiteral("INFY.NS");
+        m_service->route(QStringLiteral("/profile/manual.htm"), [](const ServiceRequest&) { return page("Manual"); });
+        m_service->route(QStringLiteral("/"), [](const ServiceRequest&) { return page("Forum"); });
+        const QString host = m_service->hostPort();
+        writeHosts(QStringLiteral("[Hosts]\nchart=%1\nsite=%1\nforum=%1\n").arg(host));
     }
     void cleanup() {
         m_service.reset();
@@ -41,19 +53,23 @@ private Q_SLOTS:
         frame.show();
         frame.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&frame));
+        m_program->frame().cmbequity = QStringLiteral("TATAMOTORS.NS");
+        // All by keyboard: into the bar, Tab past its own heading to the third, Space opens that
+        // group, the second item, Enter.
+        QTest::keyClick(&frame, Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
         auto* bar = frame.findChild<QToolBox*>(QStringLiteral("ctxOutlookBar1"));
-        QVERIFY(bar);
-        bar->setCurrentIndex(2);
-        auto* items = qobject_cast<QListWidget*>(bar->currentWidget());
-        QListWidgetItem* chart = items->findItems(QStringLiteral("Chart 1 Year"), Qt::MatchExactly).value(0);
-        QVERIFY(chart);
-        items->setCurrentItem(chart);
-        items->setFocus();
+        QCOMPARE(QApplication::focusWidget(), bar->widget(0));
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Down})
+            QTest::keyClick(QApplication::focusWidget(), key);
+        QCOMPARE(bar->currentIndex(), 2);
+        auto* items = qobject_cast<QListWidget*>(QApplication::focusWidget());
+        QVERIFY(items);
+        QCOMPARE(items->currentItem()->text(), QStringLiteral("Chart 1 Year"));
         QTest::keyClick(items, Qt::Key_Return);
 
         auto* view = frame.findChild<QWebEngineView*>(QStringLiteral("brwWebBrowser"));
         QVERIFY(view);
-        QTRY_COMPARE_WITH_TIMEOUT(view->title(), QStringLiteral("One year of infy"), 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(view->title(), QStringLiteral("TATAMOTORS 1y daily closes"), 30000);
         QCOMPARE(m_program->frame().panel6, QStringLiteral("1 Year daily chart"));
 
         QMdiSubWindow* navigator = nullptr;
@@ -69,6 +85,50 @@ private Q_SLOTS:
         QCOMPARE(navButton->text(), QStringLiteral("Nav Show"));
         navButton->click();
         QVERIFY(!navigator->isHidden());
+    }
+
+    void helpEntriesOpenTheManualAndTheForumInOneBrowser() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        const std::pair<const char*, const char*> entries[] = {{"Helpfile", "Manual"}, {"mnuBug", "Forum"}};
+        for (const auto& [entry, title] : entries) {
+            frame.action(QString::fromLatin1(entry))->trigger();
+            auto* view = frame.findChild<QWebEngineView*>(QStringLiteral("brwWebBrowser"));
+            QVERIFY(view);
+            QTRY_COMPARE_WITH_TIMEOUT(view->title(), QString::fromLatin1(title), 30000);
+        }
+        QCOMPARE(frame.findChildren<QWebEngineView*>().size(), 1);
+        // Each page went into the address list, the manual first.
+        auto* addresses = frame.findChild<QComboBox*>(QStringLiteral("cboAddress"));
+        const QString host = QStringLiteral("http://") + m_service->hostPort();
+        QCOMPARE(addresses->itemText(0), host + QStringLiteral("/profile/manual.htm"));
+        QVERIFY(addresses->findText(host + QStringLiteral("/")) > 0);
+
+        // An address typed and Enter: the view goes there and the list gains it.
+        const QString typed = host + QStringLiteral("/c/5y/a/tatamotors");
+        addresses->lineEdit()->selectAll();
+        QTest::keyClicks(addresses->lineEdit(), typed);
+        QTest::keyClick(addresses->lineEdit(), Qt::Key_Return);
+        QTRY_COMPARE_WITH_TIMEOUT(frame.findChild<QWebEngineView*>()->title(),
+                                  QStringLiteral("TATAMOTORS 5y daily closes"), 30000);
+        QVERIFY(addresses->findText(typed) >= 0);
+    }
+
+    void anEmptyStockCodeTellsAndOpensNothing() {
+        MDIForm1View frame(*m_program);
+        frame.show();
+        m_program->frame().cmbequity.clear();
+        frame.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&frame));
+        auto* bar = frame.findChild<QToolBox*>(QStringLiteral("ctxOutlookBar1"));
+        bar->setCurrentIndex(6);
+        auto* items = qobject_cast<QListWidget*>(bar->currentWidget());
+        items->setCurrentRow(2);  // "Online Help", which needs no stock, asks for one all the same
+        items->setFocus();
+        QTest::keyClick(items, Qt::Key_Return);
+        QCOMPARE(m_prompt->messages(), QStringList{kSelectCompany});
+        QCOMPARE(QApplication::focusWidget(), frame.findChild<QComboBox*>(QStringLiteral("Cmbequityname")));
+        QVERIFY(!frame.findChild<QWebEngineView*>());
     }
 
 private:

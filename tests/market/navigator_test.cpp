@@ -154,5 +154,21 @@ TEST_F(NavigatorTest, NavHideAndShowTheNavigatorAndItComesBackWithTheBrowserClos
     EXPECT_EQ(shownStates, (QList<bool>{false, true}));
 }
 
+TEST(BuiltInView, RunsAsRootOnlyWithItsSandboxOff) {
+    struct Row {
+        bool root;
+        const char* flags;
+        bool switchedOff, runs;
+    };
+    const Row rows[] = {{false, "", false, true},
+                        {true, "", false, false},
+                        {true, "--disable-gpu", false, false},
+                        {true, "--disable-gpu --no-sandbox", false, true},
+                        {true, "--no-sandboxes", false, false},
+                        {true, "", true, true}};
+    for (const Row& r : rows)
+        EXPECT_EQ(builtInViewCanRun(r.root, r.flags, r.switchedOff), r.runs) << r.root << " " << r.flags;
+}
+
 }  // namespace
 }  // namespace ostravel::test
