@@ -11,6 +11,14 @@ QList<KeyHelpRow> keyboardHelpRows() {
         caption.remove(QLatin1Char('&'));
         rows.append({item.shortcut, caption});
     }
+    // The navigator and its web view.
+    rows.append({
+        {QStringLiteral("Tab (navigator)"), QStringLiteral("To the next group heading; Space opens that group")},
+        {QStringLiteral("Up / Down (navigator)"), QStringLiteral("Previous / next item")},
+        {QStringLiteral("Enter (navigator)"),
+         QStringLiteral("Opens the item: its screen, or its page in the web view")},
+        {QStringLiteral("Enter (web view's address box)"), QStringLiteral("Goes to the address typed")},
+    });
     rows.append({
         {QStringLiteral("Alt + underlined letter"),
          QStringLiteral("Opens that menu; the letter of an item chooses it")},
