@@ -37,20 +37,37 @@ TEST(CliInfo, CreatesTheDatabaseAndCountsEveryTable) {
     EXPECT_TRUE(lines.contains(QStringLiteral("transaction\t0")));
 }
 
-TEST(CliInfo, RefusesAFileThatIsNoDatabaseAndLeavesIt) {
-    QTemporaryDir dir;
-    QDir(dir.path()).mkpath(QStringLiteral("database"));
-    const QString path = dir.filePath(QStringLiteral("database/ostravel.mdb"));
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("these are the user's notes, not a database");
-    f.close();
+// Every command that opens the store refuses the same way, and leaves the file as it was.
+TEST(Cli, EveryCommandRefusesAFileThatIsNoDatabaseAndLeavesIt) {
+    const QStringList commands[] = {
+        {QStringLiteral("info")},
+        {QStringLiteral("advise"), QStringLiteral("--portfolio"), QStringLiteral("P"), QStringLiteral("--symbol"),
+         QStringLiteral("INFY")},
+        {QStringLiteral("simulate"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--from"),
+         QStringLiteral("2020-01-01"), QStringLiteral("--to"), QStringLiteral("2020-12-31")},
+        {QStringLiteral("quote"), QStringLiteral("INFY")},
+        {QStringLiteral("indicators"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--name"),
+         QStringLiteral("RSI")},
+        {QStringLiteral("chart"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--out"),
+         QStringLiteral("x.png")},
+        {QStringLiteral("history"), QStringLiteral("load"), QStringLiteral("--symbol"), QStringLiteral("INFY")},
+    };
+    for (const QStringList& command : commands) {
+        SCOPED_TRACE(command.join(QLatin1Char(' ')).toStdString());
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath(QStringLiteral("database"));
+        const QString path = dir.filePath(QStringLiteral("database/ostravel.mdb"));
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("these are the user's notes, not a database");
+        f.close();
 
-    const CliRun r = cli({QStringLiteral("--folder"), dir.path(), QStringLiteral("info")});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_TRUE(r.err.contains(path)) << r.err.toStdString();
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), QByteArray("these are the user's notes, not a database"));
+        const CliRun r = cli(QStringList{QStringLiteral("--folder"), dir.path()} + command);
+        EXPECT_EQ(r.exitCode, 1);
+        EXPECT_TRUE(r.err.contains(QStringLiteral("ostravel-cli: ")) && r.err.contains(path)) << r.err.toStdString();
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), QByteArray("these are the user's notes, not a database"));
+    }
 }
 
 TEST(CliHe3, PacksAndUnpacksAFileAndRefusesGarbage) {
