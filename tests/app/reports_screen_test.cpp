@@ -13,22 +13,23 @@
 #include "market/history_import.h"
 #include "runtime/apppath.h"
 #include "store/database.h"
+#include "tests/ledger/holdings.h"
 #include "tests/market/market_fixture.h"
 #include "tests/support/program_screen_test.h"
 #include "tests/support/selection.h"
-#include "tests/support/store_rows.h"
 
 using namespace ostravel;
 
 namespace {
 
-// The window the entry opened, found by its screen's name.
+// The window the entry opened: the newest of its screen's name.
 QWidget* opened(MDIForm1View& frame, const char* entry, const char* screen) {
     frame.action(QString::fromLatin1(entry))->trigger();
-    for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList())
+    QWidget* found = nullptr;
+    for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList(QMdiArea::CreationOrder))
         if (sub->widget()->objectName() == QLatin1String(screen))
-            return sub->widget();
-    return nullptr;
+            found = sub->widget();
+    return found;
 }
 
 QStringList rowTexts(const QTableWidget& grid, int row, int from = 0) {
@@ -65,28 +66,34 @@ private Q_SLOTS:
         QCOMPARE(rowTexts(*grid, 248), (QStringList{"19/10/2021", "512.45", "517.40", "476.05", "481.90", "57428637"}));
         // The keyboard lands in the grid.
         QCOMPARE(screen->focusProxy(), grid);
+
+        // Another stock without a file, none chosen: those days are not shown as its own.
+        m_program->frame().cmbequity = QStringLiteral("NONE.NS");
+        m_prompt->answerText(std::nullopt);
+        screen = opened(frame, "mnuhistory", "frmhistorydata");
+        QCOMPARE(screen->findChild<QTableWidget*>()->rowCount(), 0);
+        QCOMPARE(screen->findChild<QLabel*>()->text(), QStringLiteral("No history is loaded for NONE."));
     }
 
     void bankListsTheCashAndTheTradesOfTheHoldingWithTheirSigns() {
         Database& db = m_program->store().database();
-        test::addPortfolio(db, QStringLiteral("Growth"), QStringLiteral("2020-01-01"));
-        db.execute(QStringLiteral(
-            "insert into equity (fkPortfolioID, EquitySymbol, portname, VealieFlag, OriginalPrice, OriginalShares, "
-            "OriginalCash, CurrentShares, CurrentCash, PortControl, cps, CurrentQuotePrice, LastTradePrice) "
-            "values (1, 'INFY', 'Growth', 1, 100, 10, 1000, 10, 1000, 1000, 0, 100, 0)"));
-        db.execute(QStringLiteral(
-            "insert into trades (fkequityid, EquitySymbol, portname, TradeDate, Tradedshares, PricePerShare, "
-            "Commission, Buyselltype) values (1, 'INFY', 'Growth', '2024-01-03', 10, 100, 8.5, 'Buy')"));
+        addPortfolio(db, QStringLiteral("Growth"));
+        addHolding(db, QStringLiteral("Growth"), {QStringLiteral("INFY"), 100, 10, 1000, 10, 100, 1000});
+        addHolding(db, QStringLiteral("Growth"), {QStringLiteral("TCS"), 100, 10, 1000, 10, 100, 1000});
+        addTrade(db, QStringLiteral("Growth"), QStringLiteral("INFY"), 8.5);
         MDIForm1View frame(*m_program);
         frame.show();
         test::selectHolding(m_program->frame(), QStringLiteral("INFY"), QStringLiteral("Growth"));
 
         AddRemoveCash& cash = m_program->module<AddRemoveCash>();
-        const std::pair<CashMovement, const char*> movements[] = {{CashMovement::Deposit, "500"},
-                                                                  {CashMovement::Withdrawal, "200.25"}};
-        for (const auto& [movement, amount] : movements) {
+        // Another holding's deposit is none of INFY's.
+        const std::tuple<CashMovement, const char*, const char*> movements[] = {
+            {CashMovement::Deposit, "INFY", "500"},
+            {CashMovement::Withdrawal, "INFY", "200.25"},
+            {CashMovement::Deposit, "TCS", "999"}};
+        for (const auto& [movement, symbol, amount] : movements) {
             cash.prepare(movement);
-            cash.Combo2.text = QStringLiteral("INFY");
+            cash.Combo2.text = QString::fromLatin1(symbol);
             cash.txtamount.text = QString::fromLatin1(amount);
             m_prompt->answer(Answer::Yes);
             cash.cmdupdate_Click();
@@ -102,6 +109,8 @@ private Q_SLOTS:
             trade.cmdadd_Click();
         }
         QVERIFY(m_prompt->allAnswered());
+        // A new price alone moves no cash.
+        db.execute(QStringLiteral("update equity set CurrentQuotePrice = 125 where EquitySymbol = 'INFY'"));
 
         QWidget* screen = opened(frame, "mnubank", "frmbank");
         QVERIFY(screen);

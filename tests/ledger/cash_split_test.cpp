@@ -2,7 +2,6 @@
 // update, the refusals, and the split's rounding through the whole-number format.
 #include "context/screens.h"
 #include "ledger/addremovecash.h"
-#include "ledger/bank.h"
 #include "ledger/frmsplit.h"
 #include "ledger/trade.h"
 #include "tests/ledger/trade_fixture.h"
@@ -31,23 +30,6 @@ protected:
         cash.cmdupdate_Click();
     }
 };
-
-TEST_F(CashTest, BankListsTheHoldingsCashMovementsFromTheJournal) {
-    update(open(CashMovement::Deposit), kInfy, QStringLiteral("500"));
-    update(open(CashMovement::Withdrawal), kInfy, QStringLiteral("200.25"));
-    update(open(CashMovement::Interest), kInfy, QStringLiteral("50.5"));
-    update(open(CashMovement::Deposit), QStringLiteral("TCS"), QStringLiteral("999"));
-    m_program.store().database().execute(
-        QStringLiteral("update equity set CurrentQuotePrice = 120 where EquitySymbol = 'INFY'"));
-
-    std::vector<QStringList> movements;
-    for (const QStringList& row : bankStatement(m_program.store().database(), kGrowth, kInfy).rows)
-        movements.push_back(row.mid(1));
-    EXPECT_EQ(movements, (std::vector<QStringList>{{"Other change", "1000.00", "1000.00"},
-                                                   {"Deposit Cash", "500.00", "1500.00"},
-                                                   {"Withdraw Cash", "-200.25", "1299.75"},
-                                                   {"Add bank Interest or Dividend", "50.50", "1350.25"}}));
-}
 
 struct CaptionCase {
     CashMovement movement;

@@ -7,7 +7,6 @@
 #include <QFile>
 
 #include "market/getfrominet.h"
-#include "market/historical_data.h"
 #include "market/load_history.h"
 #include "market/parse_history.h"
 #include "tests/market/market_fixture.h"
@@ -181,25 +180,6 @@ TEST_F(HistoryTest, LoadRulesForShortFilesEmptyFieldsAndNoFile) {
     m_prompt.answerText(QStringLiteral("/elsewhere/abc"));
     OpenDataFile(m_program);
     EXPECT_EQ(m_program.frame().cmbequity, QStringLiteral("???"));
-}
-
-TEST_F(HistoryTest, HistoricalDataShowsTheLoadedDaysNewestFirstWithTheirFile) {
-    writeHistory(QStringLiteral("A"), "Date,Open,High,Low,Close,Volume," + QByteArray(520, ' ') +
-                                          "\r\n2024-01-02,10.5,11,10,10.75,300\r\n2024-01-03,11,12.25,10.5,12,400\r\n");
-    m_program.frame().cmbequity = QStringLiteral("A.NS");
-    const HistoricalData data = historicalData(m_program);
-    EXPECT_EQ(data.note, QStringLiteral("2 days from ") + m_folder.file(QStringLiteral("history/daily/A.csv")));
-    EXPECT_EQ(data.rows, (std::vector<QStringList>{
-                             {"03/01/2024", "11.00", "12.25", "10.50", "12.00", "400"},
-                             {"02/01/2024", "10.50", "11.00", "10.00", "10.75", "300"},
-                         }));
-
-    // Another stock in work without a file: A's days are not shown as its own.
-    m_program.frame().cmbequity = QStringLiteral("NONE.NS");
-    m_prompt.answerText(std::nullopt);
-    const HistoricalData none = historicalData(m_program);
-    EXPECT_TRUE(none.rows.empty());
-    EXPECT_EQ(none.note, QStringLiteral("No history is loaded for NONE."));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "context/screens.h"
 #include "market/frmbrowser.h"
 #include "market/frmexplore.h"
+#include "position/advice.h"
 #include "tests/market/market_fixture.h"
 
 namespace ostravel::test {
@@ -35,11 +36,17 @@ protected:
     const QStringList& shown() { return m_program.module<Screens>().shown(); }
 };
 
-TEST_F(NavigatorTest, EachItemOpensItsPageWithItsLabel) {
+TEST_F(NavigatorTest, EachItemOpensItsPageOrScreenWithItsLabel) {
+    holdGrowth({{QStringLiteral("OSTA"), 100, 10, 1000, 10, 100, 1000}});
     struct Row {
-        const char *code, *caption, *url, *label;
+        const char *code, *caption, *page, *label;  // a page's address, or the screen shown
     };
     const Row rows[] = {
+        {"OSTA.NS", "Portfolio Explorer", "Portfolioexplorer", "Browse Portfolio detail of  OSTA"},
+        {"OSTA.NS", "Equity Manager", "equitymanager", "Equity Manager for OSTA"},
+        {"OSTA.NS", "Trade History", "frmtradehistory", "Trade Histroy of OSTA"},
+        {"OSTA.NS", "User Options", "websetting", "User setting"},
+        {"OSTA.NS", "Lomarque News", "frmNewsBar", ""},
         {"OSTA.NS", "Intra Day Chart", "http://chart.test/b?s=osta", "Intra Day Price Chart of OSTA"},
         {"OSTA.NS", "Chart 1 Year", "http://chart.test/c/1y/a/osta", "1 Year daily chart"},
         {"OSTA.NS", "Chart 5 Year", "http://chart.test/c/5y/a/osta", "5 Year Weekly Chart"},
@@ -60,9 +67,7 @@ TEST_F(NavigatorTest, EachItemOpensItsPageWithItsLabel) {
         {"OSTA.NS", "Forum Home", "http://forum.test:8080/", "Indian stock Discussion Forum"},
         {"OSTA.NS", "Pager", "http://forum.test:8080/#", "Pager Chat"},
         {"OSTA.NS", "Online Help", "http://site.test/profile/manual.htm", "Online Help"},
-        {"OSTA.NS", "Stock Query", "http://forum.test:8080/forumdisplay.php?f=5", "Your Stock Query"},
-        {"OSTA.NS", "Technical Screener", "http://site.test/profile/Stock_technical_filter.htm",
-         "Stock Technical Screener"},
+        {"M&M.NS", "Intra Day Chart", "http://chart.test/b?s=m%26m", "Intra Day Price Chart of M&M"},
         // The dispatcher's captions that the bar doesn't offer, branched by market.
         {"OSTA.NS", "Stock Quote", "http://nse.test/marketinfo/equities/cmquote.jsp?key=OSTAEQN&symbol=OSTA&flag=0",
          "Details of "},
@@ -78,31 +83,18 @@ TEST_F(NavigatorTest, EachItemOpensItsPageWithItsLabel) {
         {"OSTA.NS", "Technical Yahoo n Year",
          "http://chart.test/z?s=500209.bo&a=m26-12-9,r14&p=e50,e200,v&t=my&l=off&z=l&q=l&i=in",
          "Technical Anlaysis of "},
-        {"M&M.NS", "Intra Day Chart", "http://chart.test/b?s=m%26m", "Intra Day Price Chart of M&M"},
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(std::string(r.code) + " " + r.caption);
         m_program.frame().panel6.clear();
-        EXPECT_EQ(click(QString::fromLatin1(r.code), QString::fromLatin1(r.caption)), QString::fromLatin1(r.url));
+        const QString page = QString::fromLatin1(r.page);
+        const bool web = page.startsWith(QLatin1String("http"));
+        EXPECT_EQ(click(QString::fromLatin1(r.code), QString::fromLatin1(r.caption)), web ? page : QString());
         EXPECT_EQ(m_program.frame().panel6, QString::fromUtf8(r.label));
-        EXPECT_EQ(shown().back(), QStringLiteral("frmBrowser"));
+        EXPECT_EQ(shown().back(), web ? QStringLiteral("frmBrowser") : page);
     }
     EXPECT_TRUE(m_prompt.messages().isEmpty());
-}
-
-TEST_F(NavigatorTest, ProgramItemsShowTheirScreens) {
-    holdGrowth({{QStringLiteral("OSTA"), 100, 10, 1000, 10, 100, 1000}});
-    const std::pair<const char*, const char*> rows[] = {{"Portfolio Explorer", "Portfolioexplorer"},
-                                                        {"Equity Manager", "equitymanager"},
-                                                        {"Trade History", "frmtradehistory"},
-                                                        {"User Options", "websetting"},
-                                                        {"Lomarque News", "frmNewsBar"}};
-    for (const auto& [caption, screen] : rows) {
-        EXPECT_EQ(click(kNse, QString::fromLatin1(caption)), QString()) << caption;
-        EXPECT_EQ(shown().back(), QString::fromLatin1(screen)) << caption;
-    }
-    EXPECT_EQ(m_program.frame().panel6, QStringLiteral("User setting"));
-    EXPECT_EQ(m_program.frame().caption, QStringLiteral("Osta Ltd"));
+    EXPECT_EQ(m_program.frame().caption, QStringLiteral("Osta Ltd"));  // the last code's company
 }
 
 TEST_F(NavigatorTest, EveryItemOfTheBarHasAnAction) {
@@ -112,9 +104,12 @@ TEST_F(NavigatorTest, EveryItemOfTheBarHasAnAction) {
 
 TEST_F(NavigatorTest, AnEmptySelectionGivesTheMessageAndNothingElse) {
     m_program.frame().panel6 = QStringLiteral("before");
+    int focused = 0;
+    m_program.module<AdviceValues>().focusCmbequityname = [&] { ++focused; };
     for (const char* caption : {"Online Help", "Portfolio Explorer"})
         EXPECT_EQ(click(QString(), QString::fromLatin1(caption)), QString());
     EXPECT_EQ(m_prompt.messages(), QStringList(2, kSelectCompany));
+    EXPECT_EQ(focused, 2);
     EXPECT_TRUE(shown().isEmpty());
     EXPECT_EQ(m_program.frame().panel6, QStringLiteral("before"));
 }
@@ -141,17 +136,6 @@ TEST_F(NavigatorTest, KeptLosersLabelledLoosers) {
 TEST_F(NavigatorTest, KeptBseSensexLabelNamesNoStock) {
     EXPECT_EQ(click(kNse, QStringLiteral("BSE Sensex")), QStringLiteral("http://chart.test/b?s=%5EBSESN"));
     EXPECT_EQ(m_program.frame().panel6, QStringLiteral("Intra Day Price Chart of "));
-}
-
-TEST_F(NavigatorTest, NavHideAndShowTheNavigatorAndItComesBackWithTheBrowserClosed) {
-    FrmBrowser& browser = m_program.module<FrmBrowser>();
-    QList<bool> shownStates;
-    browser.showNavigator = [&](bool visible) { shownStates << visible; };
-    browser.Command1_Click();
-    EXPECT_EQ(browser.Command1, FrmBrowser::kNavShow);
-    browser.Form_Unload();
-    EXPECT_EQ(browser.Command1, FrmBrowser::kNavHide);
-    EXPECT_EQ(shownStates, (QList<bool>{false, true}));
 }
 
 TEST(BuiltInView, RunsAsRootOnlyWithItsSandboxOff) {
