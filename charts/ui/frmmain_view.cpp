@@ -15,6 +15,8 @@
 #include "charts/drawing_geometry.h"
 #include "charts/frmmain.h"
 #include "charts/ui/frmdrawingtools_view.h"
+#include "charts/ui/frmindicators_view.h"
+#include "charts/ui/frmoptions_view.h"
 
 namespace ostravel {
 
@@ -272,9 +274,10 @@ void FrmMainForm::buildMenus(QMenuBar* bar) {
 
     QMenu* tools = bar->addMenu(QStringLiteral("&Tools"));
     tools->setObjectName(QStringLiteral("tools"));
-    // The options and indicator dialogs come with their own screens.
-    add(tools, "mnuoptions", QStringLiteral("Options"), false);
-    add(tools, "mnuindicators", QStringLiteral("Indicators"), false);
+    QAction* options = add(tools, "mnuoptions", QStringLiteral("Options"), true);
+    connect(options, &QAction::triggered, this, &FrmMainForm::GetOptionsDlg);
+    QAction* indicators = add(tools, "mnuindicators", QStringLiteral("Indicators"), true);
+    connect(indicators, &QAction::triggered, this, &FrmMainForm::showIndicators);
     tools->addSeparator();
     m_overlay = add(tools, "mnuruleoverlay", QStringLiteral("&Rule on Chart"), true);
     m_overlay->setCheckable(true);
@@ -297,7 +300,7 @@ void FrmMainForm::buildMenus(QMenuBar* bar) {
     increase->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(increase, &QAction::triggered, this, [this] { act([this] { m_state->mnuincrease_Click(); }); });
     addActions({dec, increase});
-    m_waiting << m_overlay << drawing << redraw << dec << increase;
+    m_waiting << options << indicators << m_overlay << drawing << redraw << dec << increase;
 }
 
 void FrmMainForm::buildPopUp() {
@@ -306,8 +309,7 @@ void FrmMainForm::buildPopUp() {
     const auto add = [this](QMenu* menu, const char* name, const QString& caption, std::function<void()> procedure) {
         QAction* action = menu->addAction(caption);
         action->setObjectName(QString::fromLatin1(name));
-        if (procedure)
-            connect(action, &QAction::triggered, this, std::move(procedure));
+        connect(action, &QAction::triggered, this, std::move(procedure));
         return action;
     };
     const auto state = [this](void (FrmMain::*procedure)()) {
@@ -315,8 +317,7 @@ void FrmMainForm::buildPopUp() {
     };
     m_cancelDrawing =
         add(m_popUp, "mnuPuCancelDrawing", QStringLiteral("Cancel Drawing"), state(&FrmMain::mnuPuCancelDrawing_Click));
-    // The options and indicator dialogs come with their own screens.
-    add(m_popUp, "mnuPuSettingsChart", QStringLiteral("Chart Options"), {})->setEnabled(false);
+    QAction* options = add(m_popUp, "mnuPuSettingsChart", QStringLiteral("Chart Options"), [this] { GetOptionsDlg(); });
     QMenu* crossHair = m_popUp->addMenu(QStringLiteral("CrossHair"));
     crossHair->setObjectName(QStringLiteral("mnuPuCrossHair"));
     QAction* colour = add(crossHair, "mnuPuCrossHairColor", QStringLiteral("Color"),
@@ -327,8 +328,23 @@ void FrmMainForm::buildPopUp() {
         add(m_popUp, "mnuPuBarSpacing", QStringLiteral("Bar Spacing"), state(&FrmMain::mnuPuBarSpacing_Click));
     QAction* blank =
         add(m_popUp, "mnuPuBlankSpace", QStringLiteral("BlankSpace"), state(&FrmMain::mnuPuBlankSpace_Click));
-    add(m_popUp, "mnuPuIndSettings", QStringLiteral("Indicator Settings"), {})->setEnabled(false);
-    m_waiting << colour << mode << spacing << blank;
+    QAction* indicators =
+        add(m_popUp, "mnuPuIndSettings", QStringLiteral("Indicator Settings"), [this] { showIndicators(); });
+    m_waiting << options << colour << mode << spacing << blank << indicators;
+}
+
+void FrmMainForm::GetOptionsDlg() {
+    FrmOptionsForm dialog(
+        *m_state, [this] { refresh(); }, this);
+    dialog.exec();
+    // Whichever way the dialog closed, the chart reads its file again.
+    act([this] { m_state->reloadSettings(); });
+}
+
+void FrmMainForm::showIndicators() {
+    FrmIndicatorsForm dialog(m_state->program(), this);
+    dialog.exec();
+    act([this] { m_state->ChartBoxDraw(); });
 }
 
 void FrmMainForm::showDrawingTools() {

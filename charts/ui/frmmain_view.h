@@ -74,7 +74,9 @@ protected:
 private:
     void buildMenus(QMenuBar* bar);
     void buildPopUp();
-    // The drawing tools' dialog, modal over the chart.
+    // The three dialogs, modal over the chart.
+    void GetOptionsDlg();
+    void showIndicators();
     void showDrawingTools();
     // Runs one of the state's procedures, then mirrors the state.
     void act(const std::function<void()>& procedure);

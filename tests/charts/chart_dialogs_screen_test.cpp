@@ -1,15 +1,21 @@
-// The chart window and its dialogs on the offscreen platform: a tool started from its button
-// while the menus wait.
+// The chart window and its dialogs on the offscreen platform: the menu entries that open them,
+// the colour answered through the prompt and the file after Save and after Cancel, the indicator
+// list edited in place, and a tool started from its button while the menus wait.
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 #include <functional>
 
+#include "charts/chart_settings.h"
 #include "charts/frmmain.h"
+#include "charts/indicators/macd.h"
 #include "charts/mfunctions.h"
+#include "charts/midicators.h"
 #include "charts/ui/frmmain_view.h"
 #include "market/history_import.h"
 #include "runtime/apppath.h"
@@ -17,6 +23,14 @@
 #include "tests/support/selection.h"
 
 using namespace ostravel;
+
+namespace {
+
+QString ini(const char* section, const char* key) {
+    return GetIni(appFile(QStringLiteral("Chart.INI")), QString::fromLatin1(section), QString::fromLatin1(key));
+}
+
+}  // namespace
 
 class ChartDialogsScreenTest : public test::ProgramScreenTest {
     Q_OBJECT
@@ -34,6 +48,45 @@ private Q_SLOTS:
     void cleanup() {
         m_window.reset();
         closeProgram();
+    }
+
+    void optionsShowAColourLiveAndOnlySaveKeepsIt() {
+        for (const char* button : {"cmdCancel", "cmdSaveExit"}) {
+            m_prompt->answerColour(255);
+            bool live = false;
+            whileModal("mnuoptions", [&](QWidget* dialog) {
+                dialog->findChild<QPushButton*>(QStringLiteral("lblColor(0)"))->click();
+                live = m_window->state().settings().BackColor == 255;
+                auto* div1 = dialog->findChild<QLineEdit*>(QStringLiteral("txtDiv1"));
+                div1->clear();
+                QTest::keyClicks(div1, QStringLiteral("4a4."));
+                QCOMPARE(div1->text(), QStringLiteral("44."));
+                dialog->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+            });
+            QVERIFY(live);
+            const bool saved = QLatin1String(button) == QLatin1String("cmdSaveExit");
+            QCOMPARE(ini("Settings", "BackColor"), saved ? QStringLiteral("255") : QStringLiteral("0"));
+            QCOMPARE(m_window->state().settings().BackColor, saved ? 255 : 0);
+        }
+    }
+
+    void indicatorsEditAPeriodInPlaceAndSave() {
+        whileModal("mnuindicators", [&](QWidget* dialog) {
+            auto* list = dialog->findChild<QTreeWidget*>(QStringLiteral("lstVwSettings"));
+            list->setCurrentItem(list->topLevelItem(4));
+            QCOMPARE(list->currentItem()->text(0), QStringLiteral("MACDLen1"));
+            QTest::keyClick(list, Qt::Key_Return);
+            auto* editor = dialog->findChild<QLineEdit*>(QStringLiteral("txtEdit"));
+            QVERIFY(editor->isVisible());
+            editor->selectAll();
+            QTest::keyClicks(editor, QStringLiteral("2x1"));
+            QTest::keyClick(editor, Qt::Key_Return);
+            QVERIFY(!editor->isVisible());
+            QCOMPARE(list->topLevelItem(4)->text(1), QStringLiteral("21"));
+            dialog->findChild<QPushButton*>(QStringLiteral("cmdSave"))->click();
+        });
+        QCOMPARE(ini("MACDSettings", "MACDLen1"), QStringLiteral("21"));
+        QCOMPARE(m_program->module<MIdicators>().MACDInd->MACDLen1, std::int16_t{21});
     }
 
     void aToolButtonStartsTheToolAndTheMenusWaitUntilItsLastClick() {
