@@ -14,6 +14,8 @@ Answer HeadlessPrompt::message(const QString& text, Buttons buttons, Icon, const
         case Buttons::YesNo:
         case Buttons::YesNoCancel:
             return Answer::Yes;
+        case Buttons::YesNoDefaultNo:
+            return Answer::No;
         case Buttons::RetryCancel:
             return Answer::Retry;
         case Buttons::AbortRetryIgnore:
