@@ -14,6 +14,8 @@
 using namespace ostravel;
 
 int main(int argc, char** argv) {
+    // The web view of the navigator shares its drawing contexts with the windows.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Ostravel"));
     QApplication::setApplicationName(QStringLiteral("Ostravel"));

@@ -29,30 +29,43 @@
 #include "context/program.h"
 #include "context/screens.h"
 #include "ledger/addremovecash.h"
+#include "ledger/bank.h"
 #include "ledger/frmsplit.h"
 #include "ledger/portfolioexplorer.h"
+#include "market/frmbrowser.h"
+#include "market/frmexplore.h"
 #include "market/gethistory.h"
+#include "market/historical_data.h"
 #include "market/history.h"
 #include "market/price_update.h"
 #include "market/scroller/ui/msgscroller_view.h"
 #include "market/ticker.h"
+#include "market/ui/frmexplore_view.h"
 #include "market/ui/market_actions.h"
-#include "position/ui/websetting_view.h"
 #include "safety/ui/backup_view.h"
 #include "safety/ui/restore_view.h"
 #include "simulation/frame_commands.h"
 #include "simulation/frmtradehistory.h"
 #include "simulation/ui/simulation_actions.h"
+#include "store/store.h"
 #include "tools/ui/calc_view.h"
 #include "tools/ui/keyboard_help_view.h"
+#include "widgets/report_view.h"
 
 namespace ostravel {
+
+namespace {
+
+constexpr int kNavigatorWidth = 200;
+
+}  // namespace
 
 MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(parent), m_program(program) {
     setObjectName(QStringLiteral("MDIForm1"));
     m_mdi = new QMdiArea(this);
     m_mdi->setObjectName(QStringLiteral("mdiArea"));
     setCentralWidget(m_mdi);
+    m_mdi->viewport()->installEventFilter(this);
 
     buildMenus();
     buildCoolBar();
@@ -68,11 +81,13 @@ MDIForm1View::MDIForm1View(Program& program, QWidget* parent) : QMainWindow(pare
     registerScreenOpeners(*this, m_program);
     m_program.frame().MDIForm_Load();
     refresh();
+    showNavigator(true);
     QTimer::singleShot(0, this, &MDIForm1View::showQuickIfWanted);
 }
 
 MDIForm1View::~MDIForm1View() {
     m_program.frame().mirror = {};
+    m_program.module<FrmBrowser>().showNavigator = {};
 }
 
 void MDIForm1View::buildMenus() {
@@ -243,10 +258,30 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("mnykbhelp")), &QAction::triggered, this,
             [this] { showChild(new FRM_KEYBOARD_HELP); });
     connect(action(QStringLiteral("Helpchm")), &QAction::triggered, this, [this] { showHelpWindow(this); });
-    connect(action(QStringLiteral("UserPreferance")), &QAction::triggered, this, [this] {
-        WebSettingForm dialog(m_program, this);
-        dialog.exec();
+    const std::pair<const char*, const char*> programPages[] = {{"Helpfile", "Online Help"}, {"mnuBug", "Forum Home"}};
+    for (const auto& [name, page] : programPages)
+        connect(action(QString::fromLatin1(name)), &QAction::triggered, this,
+                [this, page = page] { openProgramPage(m_program, QString::fromLatin1(page)); });
+    connect(action(QStringLiteral("mnunavigator")), &QAction::triggered, this, [this] { showNavigator(true); });
+    connect(action(QStringLiteral("mnuhistory")), &QAction::triggered, this, [this] {
+        const HistoricalData history = historicalData(m_program);
+        showChild(new ReportView(QStringLiteral("frmhistorydata"),
+                                 QStringLiteral("Historical Data of ") + historySymbol(m_program.frame()), history.note,
+                                 HistoricalData::kHeadings, history.rows));
     });
+    connect(action(QStringLiteral("mnubank")), &QAction::triggered, this, [this] {
+        const MainFrame& frame = m_program.frame();
+        const BankStatement bank =
+            bankStatement(m_program.store().database(), frame.cmbportfolio.text, frame.equitySymbol());
+        showChild(new ReportView(
+            QStringLiteral("frmbank"),
+            QStringLiteral("Bank of ") + frame.equitySymbol() + QStringLiteral(" in ") + frame.cmbportfolio.text,
+            QStringLiteral("Cash movements of %1 in %2, oldest first")
+                .arg(frame.equitySymbol(), frame.cmbportfolio.text),
+            BankStatement::kHeadings, bank.rows));
+    });
+    connect(action(QStringLiteral("UserPreferance")), &QAction::triggered, this,
+            [this] { m_program.module<Screens>().show(QStringLiteral("websetting")); });
     connect(action(QStringLiteral("mnuallportfolio")), &QAction::triggered, this, [this] {
         selectportfolio(m_program);
         m_program.module<Screens>().show(QStringLiteral("Portfolioexplorer"));
@@ -299,10 +334,6 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("stocksplit")), &QAction::triggered, this, [this] { showStockSplit(m_program); });
     connect(action(QStringLiteral("ViewHistoricaldata")), &QAction::triggered, this,
             [this] { m_program.module<Screens>().show(QStringLiteral("frmtradehistory")); });
-    connect(action(QStringLiteral("mnutradehistory")), &QAction::triggered, this, [this] {
-        if (!tradeHistoryFromNavigator(m_program))
-            m_Cmbequityname->setFocus();
-    });
     const std::pair<const char*, const char*> ledgerEntries[] = {
         {"portfoliomanager", "frmportwizard"}, {"createnewport", "Create"},  {"AddNewEquity", "Newholding"},
         {"mnynewsymbol", "frmnewsymbol"},      {"mnuchanges", "frmjournal"},
@@ -329,7 +360,7 @@ QWidget* MDIForm1View::showSingleChild(const QString& name, const std::function<
 void MDIForm1View::showChild(QWidget* screen) {
     screen->setAttribute(Qt::WA_DeleteOnClose);
     QMdiSubWindow* sub = m_mdi->addSubWindow(screen);
-    const QRect place = posForm(std::nullopt, m_mdi->viewport()->size());
+    const QRect place = posForm(navigatorPlace(), m_mdi->viewport()->size());
     // Small tools keep their own size at the left edge; full screens take the free area.
     if (screen->property("keepsSize").toBool())
         sub->move(place.topLeft());
@@ -337,6 +368,24 @@ void MDIForm1View::showChild(QWidget* screen) {
         sub->setGeometry(place);
     screen->show();
     sub->show();
+}
+
+void MDIForm1View::showNavigator(bool visible) {
+    if (!m_navigator) {
+        auto* navigator = new FrmExploreForm(m_program);
+        m_navigator = m_mdi->addSubWindow(navigator, Qt::SubWindow | Qt::WindowTitleHint);
+        // The navigator stays for the run: Nav Hide hides it, nothing closes it.
+        m_navigator->setGeometry(0, 0, kNavigatorWidth, m_mdi->viewport()->height());
+    }
+    m_navigator->setVisible(visible);
+    if (visible)
+        m_navigator->widget()->setFocus();
+}
+
+std::optional<QRect> MDIForm1View::navigatorPlace() const {
+    if (!m_navigator || m_navigator->isHidden())
+        return std::nullopt;
+    return m_navigator->geometry();
 }
 
 void MDIForm1View::showQuickIfWanted() {
@@ -383,6 +432,9 @@ void MDIForm1View::updatePanels() {
 }
 
 bool MDIForm1View::eventFilter(QObject* watched, QEvent* event) {
+    // The navigator runs the whole height of the child area, as the frame's size changes.
+    if (watched == m_mdi->viewport() && event->type() == QEvent::Resize && m_navigator)
+        m_navigator->setGeometry(0, 0, kNavigatorWidth, m_mdi->viewport()->height());
     // Enter in the stock code box runs "Get History" (while that button can run).
     if (watched == m_cmbequity->lineEdit() && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -408,6 +460,7 @@ void MDIForm1View::onExit() {
     m_mdi->closeAllSubWindows();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (!m_program.frame().Exit()) {
+        showNavigator(true);
         refresh();
         return;
     }

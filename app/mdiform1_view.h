@@ -4,8 +4,11 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <array>
 #include <functional>
+#include <optional>
 
 class QAction;
 class QComboBox;
@@ -33,6 +36,8 @@ public:
     // A screen that is one window: an open one comes to the front, else make() gives a new one.
     QWidget* showSingleChild(const QString& name, const std::function<QWidget*()>& make);
     QAction* action(const QString& name) const { return m_actions.value(name); }
+    // The navigator frmexplore at the left of the child area, shown or hidden.
+    void showNavigator(bool visible);
 
     // Mirrors the frame's state into the widgets.
     void refresh();
@@ -53,6 +58,8 @@ private:
     void connectMenu();
     void onExit();
     void showQuickIfWanted();
+    // Where the navigator stands, when it is shown.
+    std::optional<QRect> navigatorPlace() const;
 
     Program& m_program;
     QMdiArea* m_mdi = nullptr;
@@ -66,6 +73,7 @@ private:
     MsgScrollerView* m_MsgScroller1 = nullptr;
     QAction* m_tickerAction = nullptr;
     QTimer* m_Timer1 = nullptr;
+    QPointer<QMdiSubWindow> m_navigator;  // closing all windows at Exit takes it too
     bool m_exiting = false;
 };
 

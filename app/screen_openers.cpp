@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "app/mdiform1_view.h"
+#include "app/quick_view.h"
 #include "charts/ui/frmmain_view.h"
 #include "context/program.h"
 #include "context/screens.h"
@@ -23,12 +24,15 @@
 #include "ledger/ui/newholding_view.h"
 #include "ledger/ui/portfolioexplorer_view.h"
 #include "ledger/ui/trade_view.h"
+#include "market/frmbrowser.h"
 #include "market/price_update.h"
+#include "market/ui/frmbrowser_view.h"
 #include "market/ui/frmdma_view.h"
 #include "market/ui/technical_view.h"
 #include "position/advice.h"
 #include "position/ui/equitymanager_view.h"
 #include "position/ui/setting_view.h"
+#include "position/ui/websetting_view.h"
 #include "simulation/ui/frmtradehistory_view.h"
 #include "simulation/ui/results_view.h"
 #include "simulation/ui/simulation_actions.h"
@@ -123,6 +127,10 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         frame.showSingleChild(QStringLiteral("Portfolioexplorer"),
                               [&program] { return new PortfolioExplorerForm(program); });
     });
+    screens.setOpener(QStringLiteral("websetting"), [&frame, &program] {
+        WebSettingForm dialog(program, &frame);
+        dialog.exec();
+    });
     screens.setOpener(QStringLiteral("setting"), [&frame, &program] {
         SettingForm dialog(program, &frame);
         dialog.exec();
@@ -157,6 +165,15 @@ void registerScreenOpeners(MDIForm1View& frame, Program& program) {
         frame.showSingleChild(QStringLiteral("Technical"), [&program] { return new TechnicalForm(program); });
     });
     installPriceUpdate(program);
+
+    // The navigator's pages, in frmBrowser beside it, and the quick start it can show.
+    screens.setOpener(QStringLiteral("frmBrowser"), [&frame, &program] {
+        showBrowser(program, [&frame](const std::function<QWidget*()>& make) {
+            return frame.showSingleChild(QStringLiteral("frmBrowser"), make);
+        });
+    });
+    program.module<FrmBrowser>().showNavigator = [&frame](bool visible) { frame.showNavigator(visible); };
+    screens.setOpener(QStringLiteral("quick"), [&frame, &program] { frame.showChild(new quick(program)); });
     AdviceValues& advice = program.module<AdviceValues>();
     advice.showPortfolioexplorer = [&screens] { screens.show(QStringLiteral("Portfolioexplorer")); };
     advice.focusCmbequityname = [&frame] {

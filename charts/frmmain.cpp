@@ -44,7 +44,8 @@ bool StockPriceChart_Click(Program& program) {
 }
 
 FrmMain::FrmMain(Program& program)
-    : m_program(program),
+    : DrawingTools(DrawBusy, program.module<ChartSettings>(), ScaleRight),
+      m_program(program),
       m_settings(program.module<ChartSettings>()),
       m_indicators(program.module<MIdicators>()),
       m_history(program.module<HistoryState>()) {}
@@ -58,7 +59,32 @@ void FrmMain::Form_Load() {
     passedOver([&] { m_indicators.SetCurrentIndicator(m_settings.CurrentIndicator); });
     m_indicators.GetIndicatorSettings();
     m_ruleOverlay = flagSetting(GetIni(m_settings.IniFile, kOverlaySection, kOverlayKey));
+    DrawingTools.picBx = &ChartBox;
+    DrawingTools.picBxV = &ChartBoxV;
+    DrawingTools.DrawingInstructions = [this](const QString& text) { DrawingTools_DrawingInstructions(text); };
+    DrawingTools.DrawLoopIsRunning = [this] { DrawingTools_DrawLoopIsRunning(); };
+    DrawingTools.DrawingStarted = [this] { DrawingTools_DrawingStarted(); };
+    DrawingTools.DrawingDone = [this] { DrawingTools_DrawingDone(); };
     SetColors();
+}
+
+void FrmMain::DrawingTools_DrawingDone() {
+    txtDrawInstruct.Text.clear();
+    txtDrawInstruct.Visible = false;
+    MousePointer = Pointer::Default;
+}
+
+void FrmMain::DrawingTools_DrawingInstructions(const QString& text) {
+    txtDrawInstruct.Text = text;
+}
+
+void FrmMain::DrawingTools_DrawingStarted() {
+    txtDrawInstruct.Visible = true;
+    MousePointer = Pointer::Custom;
+}
+
+void FrmMain::DrawingTools_DrawLoopIsRunning() {
+    DrawLoopBeat = !DrawLoopBeat;
 }
 
 void FrmMain::loadHistory() {
@@ -94,6 +120,9 @@ void FrmMain::SetMargins() {
 }
 
 void FrmMain::Form_Resize(int width, int height) {
+    // A resize erases the sketches: a tool under way ends first, so that the chart is drawn anew.
+    if (DrawingTools.Active())
+        mnuPuCancelDrawing_Click();
     ChartBox.resize(width, height);
     lblMousePrice.Left = width - 95;
     ChartBoxV = ChartBox.image();
@@ -190,6 +219,12 @@ void FrmMain::EndCrosshair() {
 }
 
 void FrmMain::MouseMove(bool leftButton, double x, double y) {
+    DrawingTools.XcurrMov = toLongInteger(x);
+    DrawingTools.YcurrMov = toLongInteger(y);
+    if (DrawingTools.Active()) {
+        DrawingTools.DoLoop();
+        return;
+    }
     passedOver([&] {
         if (!leftButton) {
             if (onSplit(y, m_settings.WindowSplit1) || onSplit(y, m_settings.WindowSplit2)) {
@@ -222,12 +257,21 @@ void FrmMain::MouseMove(bool leftButton, double x, double y) {
 }
 
 void FrmMain::MouseDown(double x, double y, double seconds) {
+    DrawingTools.Xcurr = toLongInteger(x);
+    DrawingTools.Ycurr = toLongInteger(y);
+    // A tool waiting for a click takes the press, wherever it fell.
+    if (DrawingTools.Active() && DrawingTools.MouseClickEnabled) {
+        LastClickTime = toLongInteger(std::floor(seconds));
+        ++DrawingTools.MouseClickNum;
+        DrawingTools.DoLoop();
+        return;
+    }
     passedOver([&] {
         if (CrossOn) {
             BeginCrosshair(x, y);
             if (x >= 0 && x < ChartBox.ScaleWidth()) {
                 // A quick second press shows the bar's data too.
-                if (seconds - LastClickTime < 1.5)
+                if (seconds - LastClickTime < 1.5 || DrawingTools.Active())
                     ShowBarData = true;
                 lblMousePrice.Visible = true;
                 MouseLabel(x, y);
@@ -267,7 +311,7 @@ void FrmMain::MouseUp() {
 
 void FrmMain::mnudec_Click() {
     trapped(m_program.reporter(), formPlace("mnudec_Click"), [&] {
-        if (ZoomLock)
+        if (ZoomLock || DrawingTools.Active())
             return;
         ZoomLock = true;
         if (m_settings.BarSpacing > 1)
@@ -280,7 +324,7 @@ void FrmMain::mnudec_Click() {
 
 void FrmMain::mnuincrease_Click() {
     trapped(m_program.reporter(), formPlace("mnuincrease_Click"), [&] {
-        if (ZoomLock)
+        if (ZoomLock || DrawingTools.Active())
             return;
         ZoomLock = true;
         if (m_settings.BarSpacing < 30)
@@ -302,7 +346,7 @@ void FrmMain::mnefileopen_Click() {
 
 void FrmMain::MouseWheel1_WheelRotate(int rotation, bool keys) {
     trapped(m_program.reporter(), formPlace("MouseWheel1_WheelRotate"), [&] {
-        if (keys)
+        if (keys || DrawingTools.Active())
             return;
         ScrollOffset += rotation;
         ScrollOffset = std::max(std::min(ScrollOffset, m_history.LastIdx - VisibleBars), 0);
@@ -311,6 +355,8 @@ void FrmMain::MouseWheel1_WheelRotate(int rotation, bool keys) {
 }
 
 void FrmMain::controlKey(ScrollKey key) {
+    if (DrawingTools.Active())
+        return;
     const std::int32_t oldest = m_history.LastIdx - VisibleBars;
     switch (key) {
         case ScrollKey::End:
@@ -385,8 +431,13 @@ void FrmMain::mnuPuCrossHairMode_Click() {
     });
 }
 
-void FrmMain::mnuPuCrossHairColor_Click() {
-    m_settings.CrossHairColor = GetColorDlg(m_program.prompt(), m_settings.CrossHairColor);
+void FrmMain::mnuPuCrossHairColor_Click(const QObject* owner) {
+    m_settings.CrossHairColor = GetColorDlg(m_program.prompt(), m_settings.CrossHairColor, owner);
+}
+
+void FrmMain::mnuPuCancelDrawing_Click() {
+    DrawingTools.DrawCancel = true;
+    DrawingTools.DoLoop();
 }
 
 }  // namespace ostravel

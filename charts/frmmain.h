@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "charts/drawing_tools.h"
 #include "charts/picture_box.h"
 
 namespace ostravel {
@@ -35,7 +36,14 @@ struct MouseLabelState {
     std::int32_t ForeColor = 0;
 };
 
-enum class Pointer { Default, Divider };
+// The drawing tools' instruction box over the chart.
+struct InstructionBox {
+    QString Text;
+    bool Visible = false;
+};
+
+// Custom: the drawing tools' pointer while a tool runs.
+enum class Pointer { Default, Divider, Custom };
 
 // The main frame's "Tecnical Charts": refused with its message when no stock is chosen, or when
 // "Simulation" is chosen and no simulation has filled its table. True when the chart may open.
@@ -83,6 +91,11 @@ public:
     std::int32_t BarsDrawn = 0;
     std::int32_t ScaleRight = 0;
 
+    // The drawing tools, on the two pictures, and what they show.
+    CDrawingToolschart DrawingTools;
+    InstructionBox txtDrawInstruct;
+    bool DrawLoopBeat = false;  // inverted by each heartbeat of a tool's loop
+
     // Form_Load up to showing the window: the settings file made when missing and read, the
     // indicator's settings, the colours. The widget then shows itself and calls loadHistory.
     void Form_Load();
@@ -90,6 +103,10 @@ public:
     void loadHistory();
     // The picture's new size, as the window's resize gives it.
     void Form_Resize(int width, int height);
+    void DrawingTools_DrawingDone();
+    void DrawingTools_DrawingInstructions(const QString& text);
+    void DrawingTools_DrawingStarted();
+    void DrawingTools_DrawLoopIsRunning();
     void SetColors();
     void SetMargins();
     void ChartBoxDraw();
@@ -118,7 +135,9 @@ public:
     void mnuPuBarSpacing_Click();
     void mnuPuBlankSpace_Click();
     void mnuPuCrossHairMode_Click();
-    void mnuPuCrossHairColor_Click();
+    // `owner`: the window the colour dialog is centred on.
+    void mnuPuCrossHairColor_Click(const QObject* owner = nullptr);
+    void mnuPuCancelDrawing_Click();
 
     // The rule on the chart: off by default, kept in Chart.INI.
     bool ruleOverlay() const;

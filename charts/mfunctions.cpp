@@ -1,5 +1,8 @@
 #include "charts/mfunctions.h"
 
+#include <QEventLoop>
+#include <QTimer>
+
 #include "charts/profile_file.h"
 #include "runtime/apppath.h"
 #include "runtime/prompt.h"
@@ -172,13 +175,30 @@ void BackupIniFile(Prompt& prompt, const QString& file) {
 bool ConfirmIniReset(Prompt& prompt) {
     const Answer answer =
         prompt.message(QStringLiteral("Are you sure you want to reset current settings?\nThis will be permanent..."),
-                       Buttons::YesNo, Icon::Question, QStringLiteral("Reset to Defaults"));
+                       Buttons::YesNoDefaultNo, Icon::Question, QStringLiteral("Reset to Defaults"));
     return answer != Answer::No;
 }
 
-std::int32_t GetColorDlg(Prompt& prompt, std::int32_t current) {
+void CenterDlgBox(Prompt& prompt, const QObject* owner) {
+    prompt.centreNextOn(owner);
+}
+
+Answer CntrMsgBox(Prompt& prompt, const QObject* owner, const QString& text, Buttons buttons, const QString& title) {
+    CenterDlgBox(prompt, owner);
+    return prompt.message(text, buttons, Icon::None, title);
+}
+
+std::int32_t GetColorDlg(Prompt& prompt, std::int32_t current, const QObject* owner) {
+    CenterDlgBox(prompt, owner);
     const std::optional<std::uint32_t> chosen = prompt.chooseColour(static_cast<std::uint32_t>(current));
     return chosen ? static_cast<std::int32_t>(*chosen) : current;
+}
+
+void Delay(double seconds) {
+    // A loop of its own that sleeps until the clock or an event wakes it.
+    QEventLoop loop;
+    QTimer::singleShot(static_cast<int>(seconds * 1000), &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 }  // namespace ostravel

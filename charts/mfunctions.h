@@ -1,14 +1,17 @@
 // MFunctions: Chart.INI, the one settings file of the chart, read and written a key at a time,
-// made whole with its defaults, backed up and reset; and the colour dialog the chart asks for.
+// made whole with its defaults, backed up and reset; and the dialogs the chart's screens ask
+// through, centred on the window that asks, and a wait that lets the windows go on.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 #include <cstdint>
 
-namespace ostravel {
+#include "runtime/prompt.h"
 
-class Prompt;
+class QObject;
+
+namespace ostravel {
 
 // App.Path & "\Chart.INI".
 QString chartIniPath();
@@ -35,7 +38,14 @@ void BackupIniFile(Prompt& prompt, const QString& file);
 // "Reset to Defaults": the question; true unless the user answers No.
 bool ConfirmIniReset(Prompt& prompt);
 
-// The colour dialog on the current colour; the current colour again when the user cancels.
-std::int32_t GetColorDlg(Prompt& prompt, std::int32_t current);
+// The next dialog of the prompt opens centred on `owner`, a window of the chart.
+void CenterDlgBox(Prompt& prompt, const QObject* owner);
+// A message box centred on `owner`.
+Answer CntrMsgBox(Prompt& prompt, const QObject* owner, const QString& text, Buttons buttons, const QString& title);
+// The colour dialog on the current colour, centred on `owner`; the current colour again when
+// the user cancels.
+std::int32_t GetColorDlg(Prompt& prompt, std::int32_t current, const QObject* owner = nullptr);
+// Waits the seconds by the clock while the window events go on.
+void Delay(double seconds);
 
 }  // namespace ostravel

@@ -14,6 +14,24 @@ int pixel(double coordinate) {
     return static_cast<int>(std::nearbyint(coordinate));
 }
 
+QRect pixelBox(double x1, double y1, double x2, double y2) {
+    return QRect(QPoint(pixel(x1), pixel(y1)), QPoint(pixel(x2), pixel(y2))).normalized();
+}
+
+Qt::PenStyle penStyle(int drawStyle, int width) {
+    // A wide pen draws solid whatever its style, as the system's pens do.
+    constexpr Qt::PenStyle kStyles[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine};
+    if (width > 1 || drawStyle < kSolid || drawStyle > kDashDotDot)
+        return Qt::SolidLine;
+    return kStyles[drawStyle];
+}
+
+Qt::BrushStyle brushStyle(int fillStyle) {
+    constexpr Qt::BrushStyle kFills[] = {Qt::SolidPattern, Qt::NoBrush,      Qt::HorPattern,   Qt::VerPattern,
+                                         Qt::BDiagPattern, Qt::FDiagPattern, Qt::CrossPattern, Qt::DiagCrossPattern};
+    return fillStyle >= kFillSolid && fillStyle <= kFillDiagonalCross ? kFills[fillStyle] : Qt::NoBrush;
+}
+
 }  // namespace
 
 QColor programColour(std::int32_t colour) {
@@ -110,19 +128,37 @@ void PictureBox::Print(double x, double y, const QString& text) {
     m_painter->drawText(QPointF(pixel(x), pixel(y) + m_metrics->ascent()), text);
 }
 
-void PictureBox::Line(double x1, double y1, double x2, double y2, std::int32_t colour) {
-    // A wide pen draws solid whatever its style, as the system's pens do.
-    QPen pen(programColour(colour), DrawWidth, DrawStyle == kDot && DrawWidth <= 1 ? Qt::DotLine : Qt::SolidLine);
+void PictureBox::setPen(std::int32_t colour) {
+    QPen pen(programColour(colour), DrawWidth, penStyle(DrawStyle, DrawWidth));
     pen.setCapStyle(Qt::FlatCap);
     m_painter->setPen(pen);
     m_painter->setCompositionMode(rasterMode(DrawMode));
+}
+
+void PictureBox::setFill() {
+    m_painter->setBrush(QBrush(programColour(FillColor), brushStyle(FillStyle)));
+}
+
+void PictureBox::Line(double x1, double y1, double x2, double y2, std::int32_t colour) {
+    setPen(colour);
     m_painter->drawLine(QPoint(pixel(x1), pixel(y1)), QPoint(pixel(x2), pixel(y2)));
 }
 
 void PictureBox::Box(double x1, double y1, double x2, double y2, std::int32_t colour) {
     m_painter->setCompositionMode(rasterMode(DrawMode));
-    m_painter->fillRect(QRect(QPoint(pixel(x1), pixel(y1)), QPoint(pixel(x2), pixel(y2))).normalized(),
-                        programColour(colour));
+    m_painter->fillRect(pixelBox(x1, y1, x2, y2), programColour(colour));
+}
+
+void PictureBox::Rectangle(double x1, double y1, double x2, double y2, std::int32_t colour) {
+    setPen(colour);
+    setFill();
+    m_painter->drawRect(pixelBox(x1, y1, x2, y2));
+}
+
+void PictureBox::Ellipse(double x1, double y1, double x2, double y2, std::int32_t colour) {
+    setPen(colour);
+    setFill();
+    m_painter->drawEllipse(QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized());
 }
 
 }  // namespace ostravel

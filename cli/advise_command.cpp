@@ -1,10 +1,8 @@
 // ostravel-cli advise: the advice of one holding, stored as the program stores it, and printed.
 #include <QTextStream>
-#include <cstdlib>
 #include <optional>
 
 #include "cli/commands.h"
-#include "cli/connect_store.h"
 #include "cli/headless_prompt.h"
 #include "context/program.h"
 #include "position/advice.h"
@@ -54,14 +52,13 @@ int advise(const QStringList& args) {
         return 2;
     }
 
-    HeadlessPrompt prompt;
-    prompt.whatIfPrice = options->price;
-    // Cancel is never the answer here, so the error log's box never ends the run.
-    Program program(prompt, [] { std::exit(1); });
-    if (!connectStore(program))
+    HeadlessRun run;
+    run.prompt().whatIfPrice = options->price;
+    Program* const opened = run.open(options->symbol);
+    if (!opened)
         return 1;
+    Program& program = *opened;
     program.frame().cmbportfolio.text = options->portfolio;
-    program.frame().cmbequity = options->symbol;
 
     const AdviceOutcome outcome = options->price ? advisewhatif(program) : advise(program);
     switch (outcome) {

@@ -123,8 +123,11 @@ int indicators(const QStringList& args) {
     if (!options || options->size() != 2)
         return usage(kUsage);
     try {
-        HeadlessRun run(options->at(QStringLiteral("--symbol")));
-        Program& program = run.program();
+        HeadlessRun run;
+        Program* const opened = run.open(options->at(QStringLiteral("--symbol")));
+        if (!opened)
+            return 1;
+        Program& program = *opened;
         if (!loadHistory(program))
             return 1;
         const QString iniFile = chartIniPath();
@@ -184,8 +187,11 @@ int chart(const QStringList& args) {
     if (width < 1 || height < 1 || width > 10000 || height > 10000)
         return usage(kUsage);
     try {
-        HeadlessRun run(options->at(QStringLiteral("--symbol")));
-        Program& program = run.program();
+        HeadlessRun run;
+        Program* const opened = run.open(options->at(QStringLiteral("--symbol")));
+        if (!opened)
+            return 1;
+        Program& program = *opened;
         FrmMain window(program);
         window.Form_Load();
         window.Form_Resize(width, height);

@@ -23,11 +23,14 @@ public:
     std::optional<FontChoice> chooseFont(const FontChoice&) override { return {}; }
 };
 
-// The program on the folder, its store open and the stock in work chosen.
+// The program on the folder, for one command.
 class HeadlessRun {
 public:
-    explicit HeadlessRun(const QString& symbol);
-    Program& program() { return m_program; }
+    HeadlessRun();
+    HeadlessPrompt& prompt() { return m_prompt; }
+    // The program with its store open as at start, and `symbol` (when given) the stock in work;
+    // nullptr, with the reason on stderr, when the store can't be opened.
+    Program* open(const QString& symbol = QString());
 
 private:
     HeadlessPrompt m_prompt;

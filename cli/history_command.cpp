@@ -102,13 +102,16 @@ int history(const QStringList& args) {
         return result.error.isEmpty() ? 0 : 1;
     }
     try {
-        HeadlessRun run(options->symbol);
+        HeadlessRun run;
+        Program* const program = run.open(options->symbol);
+        if (!program)
+            return 1;
         if (action == QLatin1String("save") && options->files.size() == 1)
-            return save(run.program(), options->files.front());
+            return save(*program, options->files.front());
         if (action == QLatin1String("load") && options->files.isEmpty())
-            return load(run.program());
+            return load(*program);
         if (action == QLatin1String("fetch") && options->files.isEmpty())
-            return fetch(run.program(), *options);
+            return fetch(*program, *options);
     } catch (const VbError& error) {
         QTextStream(stderr) << "ostravel-cli: " << error.description() << '\n';
         return 1;

@@ -1,7 +1,6 @@
 // ostravel-cli quote and technical: the quote table of a request, and a day screener's grid.
 #include <QDate>
 #include <QTextStream>
-#include <cstdlib>
 
 #include "cli/commands.h"
 #include "cli/headless_prompt.h"
@@ -12,35 +11,12 @@
 
 namespace ostravel::cli {
 
-namespace {
-
-// The program on the folder; open() gives it with its store open, or prints why it can't.
-class StoreRun {
-public:
-    StoreRun() : m_program(m_prompt, [] { std::exit(1); }) {}
-    Program* open() {
-        try {
-            m_program.store().connection();
-            return &m_program;
-        } catch (const VbError& error) {
-            QTextStream(stderr) << "ostravel-cli: " << error.description() << '\n';
-            return nullptr;
-        }
-    }
-
-private:
-    HeadlessPrompt m_prompt;
-    Program m_program;
-};
-
-}  // namespace
-
 int quote(const QStringList& args) {
     if (args.size() != 1 || args.front().isEmpty()) {
         QTextStream(stderr) << "usage: ostravel-cli [--folder DIR] quote CODE[+CODE...]\n";
         return 2;
     }
-    StoreRun run;
+    HeadlessRun run;
     Program* program = run.open();
     if (!program)
         return 1;
@@ -70,7 +46,7 @@ int technical(const QStringList& args) {
                                "gainers|lossers|volume\n";
         return 2;
     }
-    StoreRun run;
+    HeadlessRun run;
     Program* program = run.open();
     if (!program)
         return 1;

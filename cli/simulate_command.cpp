@@ -1,11 +1,9 @@
 // ostravel-cli simulate: what "Run Simulation" does with the program offline, on the history file
 // of one stock, printed as the screen holds it.
 #include <QTextStream>
-#include <cstdlib>
 #include <optional>
 
 #include "cli/commands.h"
-#include "cli/connect_store.h"
 #include "cli/headless_prompt.h"
 #include "cli/stock_options.h"
 #include "context/program.h"
@@ -50,12 +48,11 @@ int simulate(const QStringList& args) {
         err << kUsage;
         return 2;
     }
-    HeadlessPrompt prompt;
-    // Cancel is never the answer here, so the error log's box never ends the run.
-    Program program(prompt, [] { std::exit(1); });
-    if (!connectStore(program))
+    HeadlessRun run;
+    Program* const opened = run.open(options->symbol);
+    if (!opened)
         return 1;
-    program.frame().cmbequity = options->symbol;
+    Program& program = *opened;
     program.frame().cmbequity_Change();
     EquityManager& em = program.module<EquityManager>();
     em.load();

@@ -20,9 +20,7 @@ QList<MenuItem> buildTree() {
         menu("&Edit", "mnuedit", {item("History of &Changes...", "mnuchanges", "", true)}),
         menu("&Portfolio", "mnuportfolio",
              {item("Portfolio &Manager", "portfoliomanager", "Ctrl+M", true),
-              item("Create &New  Portfolio ", "createnewport", "Ctrl+N", true),
-              // Stands for the navigator's "Trade History" until the navigator is built.
-              item("Trade &History", "mnutradehistory", "", true)}),
+              item("Create &New  Portfolio ", "createnewport", "Ctrl+N", true)}),
         menu("&Equity", "mnuequity",
              {item("&Add New Equity", "AddNewEquity", "Ctrl+E", true),
               item("View &Historical data", "ViewHistoricaldata", "Ctrl+H", true),
@@ -32,7 +30,7 @@ QList<MenuItem> buildTree() {
               menu("&Cash Management", "mnucashmanagement",
                    {item("&Deposit Cash", "mnudepositcash", "", true), item("&Withdraw Cash", "Mnuwcash", "", true),
                     item("Add Interest or &Dividends", "addinterest", "", true)}),
-              item("&Bank", "mnubank", "", false)}),
+              item("&Bank", "mnubank", "", true)}),
         menu("Technical Analysis", "mnutechnicalanalysis",
              {item("Tecnical Charts", "StockPriceChart", "Ctrl+T", true), item("50/200 DMA", "mnudmA", "", true)}),
         menu("T&ools", "mnutools",
@@ -40,13 +38,14 @@ QList<MenuItem> buildTree() {
               item("Stock Split Adjust", "stocksplit", "", true),
               MenuItem{{}, QStringLiteral("mnuspace"), {}, true, {}}, item("Calc&ulator", "mnucalc", "Ctrl+L", true),
               item("BackUP Database", "mnu_backup", "Ctrl+B", true), item("Restore Database", "mnu_restore", "", true),
-              item("Technical Date", "mnutechnical", "", true), item("Proxy Settings...", "mnuproxy", "", true)}),
+              item("Technical Date", "mnutechnical", "", true), item("Proxy Settings...", "mnuproxy", "", true),
+              item("&Navigator", "mnunavigator", "Ctrl+Shift+N", true)}),
         menu("&Reports", "mnureports",
              {item("Portfolio Details", "mnuallportfolio", "Ctrl+P", true),
-              item("Historical Data", "mnuhistory", "", false)}),
+              item("Historical Data", "mnuhistory", "", true)}),
         menu("He&lp", "mnuhelp",
-             {item("Help", "Helpchm", "F1", true), item("Online Help", "Helpfile", "", false),
-              item("Report Bug", "mnuBug", "", false), item("Keyboard Help", "mnykbhelp", "Ctrl+F1", true)}),
+             {item("Help", "Helpchm", "F1", true), item("Online Help", "Helpfile", "", true),
+              item("Report Bug", "mnuBug", "", true), item("Keyboard Help", "mnykbhelp", "Ctrl+F1", true)}),
     };
 }
 

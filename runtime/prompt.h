@@ -8,9 +8,12 @@
 #include <cstdint>
 #include <optional>
 
+class QObject;
+
 namespace ostravel {
 
-enum class Buttons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore };
+// YesNoDefaultNo: Yes and No with No as the button that Enter presses.
+enum class Buttons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel, AbortRetryIgnore, YesNoDefaultNo };
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Answer { OK, Cancel, Yes, No, Retry, Abort, Ignore };
 
@@ -38,6 +41,9 @@ public:
     // Colours as the program keeps them: red in the low byte.
     virtual std::optional<std::uint32_t> chooseColour(std::uint32_t initial) = 0;
     virtual std::optional<FontChoice> chooseFont(const FontChoice& initial) = 0;
+    // The next question opens centred on `owner`, one of the program's windows, rather than on
+    // the main frame; a prompt without windows has nothing to centre.
+    virtual void centreNextOn(const QObject* owner) { static_cast<void>(owner); }
 
     // MsgBox with only a text and OK.
     void inform(const QString& text, const QString& title = QStringLiteral("Ostravel")) {

@@ -1,6 +1,7 @@
 #include "runtime/scripted_prompt.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace ostravel {
 
@@ -28,8 +29,13 @@ QStringList ScriptedPrompt::messages() const {
     return texts;
 }
 
+void ScriptedPrompt::record(Asked asked) {
+    asked.owner = std::exchange(m_nextOwner, nullptr);
+    m_asked.append(std::move(asked));
+}
+
 Answer ScriptedPrompt::message(const QString& text, Buttons buttons, Icon icon, const QString& title) {
-    m_asked.append({Asked::Kind::Message, text, title, buttons, icon});
+    record({Asked::Kind::Message, text, title, buttons, icon});
     if (whileAsking)
         whileAsking();
     // A box with OK alone needs no script: OK is the only answer.
@@ -43,32 +49,32 @@ std::optional<QString> ScriptedPrompt::nextText() {
 }
 
 std::optional<QString> ScriptedPrompt::input(const QString& text, const QString& title, const QString&) {
-    m_asked.append({Asked::Kind::Input, text, title});
+    record({Asked::Kind::Input, text, title});
     return nextText();
 }
 
 std::optional<QString> ScriptedPrompt::openFile(const QString& title, const QString&, const QString&) {
-    m_asked.append({Asked::Kind::OpenFile, {}, title});
+    record({Asked::Kind::OpenFile, {}, title});
     return nextText();
 }
 
 std::optional<QString> ScriptedPrompt::saveFile(const QString& title, const QString&, const QString&) {
-    m_asked.append({Asked::Kind::SaveFile, {}, title});
+    record({Asked::Kind::SaveFile, {}, title});
     return nextText();
 }
 
 std::optional<QString> ScriptedPrompt::chooseFolder(const QString& title, const QString&) {
-    m_asked.append({Asked::Kind::Folder, {}, title});
+    record({Asked::Kind::Folder, {}, title});
     return nextText();
 }
 
 std::optional<std::uint32_t> ScriptedPrompt::chooseColour(std::uint32_t) {
-    m_asked.append({Asked::Kind::Colour, {}, {}});
+    record({Asked::Kind::Colour, {}, {}});
     return take<std::optional<std::uint32_t>>(m_replies, "colour");
 }
 
 std::optional<FontChoice> ScriptedPrompt::chooseFont(const FontChoice&) {
-    m_asked.append({Asked::Kind::Font, {}, {}});
+    record({Asked::Kind::Font, {}, {}});
     return take<std::optional<FontChoice>>(m_replies, "font");
 }
 

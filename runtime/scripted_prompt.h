@@ -17,6 +17,7 @@ struct Asked {
     QString title;
     Buttons buttons = Buttons::OK;
     Icon icon = Icon::None;
+    const QObject* owner = nullptr;  // the window the question was centred on
 };
 
 class ScriptedPrompt : public Prompt {
@@ -47,11 +48,14 @@ public:
     std::optional<QString> chooseFolder(const QString& title, const QString& folder) override;
     std::optional<std::uint32_t> chooseColour(std::uint32_t initial) override;
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override;
+    void centreNextOn(const QObject* owner) override { m_nextOwner = owner; }
 
 private:
+    void record(Asked asked);
     std::optional<QString> nextText();
     std::deque<Reply> m_replies;
     QList<Asked> m_asked;
+    const QObject* m_nextOwner = nullptr;
 };
 
 }  // namespace ostravel

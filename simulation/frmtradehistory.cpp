@@ -1,7 +1,6 @@
 #include "simulation/frmtradehistory.h"
 
 #include "context/program.h"
-#include "context/screens.h"
 #include "position/holding.h"
 #include "runtime/trap.h"
 #include "runtime/vbmath.h"
@@ -102,25 +101,6 @@ void FrmTradeHistory::Form_Load() {
     }
     frame.panel6 = QStringLiteral("Trade details of ") + frame.caption;
     frame.showChanges();
-}
-
-bool tradeHistoryFromNavigator(Program& program) {
-    MainFrame& frame = program.frame();
-    if (frame.cmbequity.isEmpty()) {
-        program.prompt().inform(kSelectCompany);
-        return false;
-    }
-    const QString symbol = frame.equitySymbol();
-    passedOver([&] {
-        const auto row = program.store().database().openRecordset(
-            QStringLiteral("select yahoonse,name from qoutense where ticker='") + sqlText(symbol) +
-            QStringLiteral("';"));
-        frame.caption = row->field(QStringLiteral("name")).toString();
-    });
-    program.module<Screens>().show(QStringLiteral("frmtradehistory"));
-    frame.panel6 = QStringLiteral("Trade Histroy of ") + symbol;
-    frame.showChanges();
-    return true;
 }
 
 TradeHistoryLayout tradeHistoryLayout(int formTop, int formHeight, int innerWidth) {

@@ -30,14 +30,6 @@ public:
     void Form_Load();
 };
 
-inline const QString kSelectCompany = QStringLiteral("Kindly Select Company or enter Stock Code");
-
-// The navigator's "Trade History", which the Portfolio menu holds until the navigator is built:
-// the company's name in the caption, the screen, and "Trade Histroy of <symbol>" in the status
-// bar. False with no stock in work: the message has been shown, and Cmbequityname wants the
-// focus.
-bool tradeHistoryFromNavigator(Program& program);
-
 // Where the labels and grids stand on a form of that top, height and inner width, in twips:
 // the trades above, the prices below them, each about half of the form high.
 struct TradeHistoryLayout {

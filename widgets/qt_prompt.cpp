@@ -17,6 +17,7 @@ QMessageBox::StandardButtons standardButtons(Buttons buttons) {
         case Buttons::OKCancel:
             return QMessageBox::Ok | QMessageBox::Cancel;
         case Buttons::YesNo:
+        case Buttons::YesNoDefaultNo:
             return QMessageBox::Yes | QMessageBox::No;
         case Buttons::YesNoCancel:
             return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -79,38 +80,51 @@ std::optional<QString> chosen(const QString& path) {
 
 }  // namespace
 
+void QtPrompt::centreNextOn(const QObject* owner) {
+    // Qt opens a dialog centred on the window it belongs to.
+    m_nextOwner = qobject_cast<QWidget*>(const_cast<QObject*>(owner));
+}
+
+QWidget* QtPrompt::dialogParent() {
+    QWidget* owner = m_nextOwner;
+    m_nextOwner.clear();
+    return owner ? owner : m_parent;
+}
+
 Answer QtPrompt::message(const QString& text, Buttons buttons, Icon icon, const QString& title) {
-    QMessageBox box(messageIcon(icon), title, text, standardButtons(buttons), m_parent);
+    QMessageBox box(messageIcon(icon), title, text, standardButtons(buttons), dialogParent());
     // Escape answers Cancel or No where the box has one, as the desktop expects.
     if (buttons == Buttons::OKCancel || buttons == Buttons::RetryCancel || buttons == Buttons::YesNoCancel)
         box.setEscapeButton(QMessageBox::Cancel);
-    else if (buttons == Buttons::YesNo)
+    else if (buttons == Buttons::YesNo || buttons == Buttons::YesNoDefaultNo)
         box.setEscapeButton(QMessageBox::No);
+    if (buttons == Buttons::YesNoDefaultNo)
+        box.setDefaultButton(QMessageBox::No);
     return toAnswer(box.exec());
 }
 
 std::optional<QString> QtPrompt::input(const QString& text, const QString& title, const QString& initial) {
     bool ok = false;
-    const QString value = QInputDialog::getText(m_parent, title, text, QLineEdit::Normal, initial, &ok);
+    const QString value = QInputDialog::getText(dialogParent(), title, text, QLineEdit::Normal, initial, &ok);
     if (!ok)
         return std::nullopt;
     return value;
 }
 
 std::optional<QString> QtPrompt::openFile(const QString& title, const QString& folder, const QString& filter) {
-    return chosen(QFileDialog::getOpenFileName(m_parent, title, folder, filter));
+    return chosen(QFileDialog::getOpenFileName(dialogParent(), title, folder, filter));
 }
 
 std::optional<QString> QtPrompt::saveFile(const QString& title, const QString& folder, const QString& filter) {
-    return chosen(QFileDialog::getSaveFileName(m_parent, title, folder, filter));
+    return chosen(QFileDialog::getSaveFileName(dialogParent(), title, folder, filter));
 }
 
 std::optional<QString> QtPrompt::chooseFolder(const QString& title, const QString& folder) {
-    return chosen(QFileDialog::getExistingDirectory(m_parent, title, folder));
+    return chosen(QFileDialog::getExistingDirectory(dialogParent(), title, folder));
 }
 
 std::optional<std::uint32_t> QtPrompt::chooseColour(std::uint32_t initial) {
-    const QColor c = QColorDialog::getColor(toQColor(initial), m_parent);
+    const QColor c = QColorDialog::getColor(toQColor(initial), dialogParent());
     if (!c.isValid())
         return std::nullopt;
     return fromQColor(c);
@@ -124,7 +138,7 @@ std::optional<FontChoice> QtPrompt::chooseFont(const FontChoice& initial) {
     font.setUnderline(initial.underline);
     font.setStrikeOut(initial.strikeout);
     bool ok = false;
-    const QFont picked = QFontDialog::getFont(&ok, font, m_parent);
+    const QFont picked = QFontDialog::getFont(&ok, font, dialogParent());
     if (!ok)
         return std::nullopt;
     FontChoice choice = initial;

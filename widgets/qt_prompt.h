@@ -1,6 +1,8 @@
 // The prompt answered with the desktop's dialogs.
 #pragma once
 
+#include <QPointer>
+
 #include "runtime/prompt.h"
 
 class QWidget;
@@ -19,9 +21,14 @@ public:
     std::optional<QString> chooseFolder(const QString& title, const QString& folder) override;
     std::optional<std::uint32_t> chooseColour(std::uint32_t initial) override;
     std::optional<FontChoice> chooseFont(const FontChoice& initial) override;
+    void centreNextOn(const QObject* owner) override;
 
 private:
+    // The window the next dialog opens over: the one it was centred on, else the main frame.
+    QWidget* dialogParent();
+
     QWidget* m_parent = nullptr;
+    QPointer<QWidget> m_nextOwner;
 };
 
 }  // namespace ostravel

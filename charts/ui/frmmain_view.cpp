@@ -1,6 +1,7 @@
 #include "charts/ui/frmmain_view.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -8,9 +9,14 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTime>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "charts/drawing_geometry.h"
 #include "charts/frmmain.h"
+#include "charts/ui/frmdrawingtools_view.h"
+#include "charts/ui/frmindicators_view.h"
+#include "charts/ui/frmoptions_view.h"
 
 namespace ostravel {
 
@@ -18,6 +24,8 @@ namespace {
 
 // One notch of the wheel, in eighths of a degree.
 constexpr int kNotch = 120;
+// A running tool's loop makes a pass this often between the mouse's events.
+constexpr int kToolPassMs = 100;
 
 QLine lineOf(const OverLine& line) {
     return QLine(line.X1, line.Y1, line.X2, line.Y2);
@@ -39,6 +47,18 @@ ChartBoxView::ChartBoxView(FrmMain& state, QWidget* parent) : QWidget(parent), m
     m_label->setObjectName(QStringLiteral("lblMousePrice"));
     m_label->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_label->hide();
+    m_instruct = new QLabel(this);
+    m_instruct->setObjectName(QStringLiteral("txtDrawInstruct"));
+    m_instruct->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_instruct->setMargin(4);
+    m_instruct->move(8, 8);
+    m_instruct->hide();
+    m_heartbeat = new QTimer(this);
+    m_heartbeat->setInterval(kToolPassMs);
+    connect(m_heartbeat, &QTimer::timeout, this, [this] {
+        m_state.DrawingTools.DoLoop();
+        Q_EMIT changed();
+    });
 }
 
 QRegion ChartBoxView::overRegion() const {
@@ -67,15 +87,36 @@ void ChartBoxView::mirror() {
         const int top = std::clamp(label.Top - m_label->height() / 2, 0, std::max(0, height() - m_label->height()));
         m_label->move(left, top);
     }
+    const InstructionBox& instruct = m_state.txtDrawInstruct;
+    m_instruct->setVisible(instruct.Visible);
+    if (instruct.Visible) {
+        // The heartbeat of the tool's loop shows as the box's shade changing.
+        m_instruct->setStyleSheet(
+            QStringLiteral("QLabel { background: %1; color: black; border: 1px solid black; }")
+                .arg(m_state.DrawLoopBeat ? QStringLiteral("#fff8c0") : QStringLiteral("#ffffe0")));
+        m_instruct->setText(instruct.Text);
+        m_instruct->adjustSize();
+        m_instruct->raise();
+    }
+    const bool drawing = m_state.DrawingTools.Active();
+    if (drawing != m_heartbeat->isActive())
+        drawing ? m_heartbeat->start() : m_heartbeat->stop();
     if (m_state.SystemCursorHidden)
         setCursor(Qt::BlankCursor);
     else if (m_state.MousePointer == Pointer::Divider)
         setCursor(Qt::SplitVCursor);
+    else if (m_state.MousePointer == Pointer::Custom)
+        setCursor(Qt::CrossCursor);
     else
         unsetCursor();
     // The lines over the picture move without a redraw of the picture itself.
     const QRegion over = overRegion();
-    if (m_state.ChartBoxV.cacheKey() != m_shownPicture) {
+    const bool banded = !m_state.DrawingTools.RubberBand().empty();
+    if (banded || m_banded) {
+        m_banded = banded;
+        m_shownPicture = m_state.ChartBoxV.cacheKey();
+        update();
+    } else if (m_state.ChartBoxV.cacheKey() != m_shownPicture) {
         m_shownPicture = m_state.ChartBoxV.cacheKey();
         update();
     } else {
@@ -95,11 +136,35 @@ void ChartBoxView::paintEvent(QPaintEvent* event) {
         painter.setPen(QPen(programColour(m_state.ChartBox.ForeColor), 2));
         painter.drawLine(lineOf(divider));
     }
+    // A tool's rubber band lies over the shown picture and leaves the picture itself alone.
+    const CDrawingToolschart& tools = m_state.DrawingTools;
+    painter.setPen(QPen(programColour(tools.ToolColor), 1));
+    painter.setBrush(Qt::NoBrush);
+    for (const Figure& figure : tools.RubberBand()) {
+        switch (figure.kind) {
+            case Figure::Kind::Line:
+                painter.drawLine(figure.points);
+                break;
+            case Figure::Kind::Box:
+                painter.drawRect(QRectF(figure.points.p1(), figure.points.p2()).normalized());
+                break;
+            case Figure::Kind::Ellipse:
+                painter.drawEllipse(QRectF(figure.points.p1(), figure.points.p2()).normalized());
+                break;
+        }
+    }
     painter.setCompositionMode(rasterMode(m_state.crossHairMode()));
     painter.setPen(QPen(programColour(m_state.crossHairColor()), 1));
     for (const OverLine* line : {&m_state.ChLine1, &m_state.ChLine2})
         if (line->Visible)
             painter.drawLine(lineOf(*line));
+}
+
+void ChartBoxView::confinePointer(const QPoint& at) {
+    const std::optional<QRect>& band = m_state.DrawingTools.CursorClip();
+    if (!band || band->contains(at))
+        return;
+    QCursor::setPos(mapToGlobal(confinedPoint(*band, at)));
 }
 
 void ChartBoxView::resizeEvent(QResizeEvent*) {
@@ -120,6 +185,7 @@ void ChartBoxView::mousePressEvent(QMouseEvent* event) {
 }
 
 void ChartBoxView::mouseMoveEvent(QMouseEvent* event) {
+    confinePointer(event->position().toPoint());
     m_state.MouseMove(event->buttons() & Qt::LeftButton, event->position().x(), event->position().y());
     Q_EMIT changed();
 }
@@ -178,6 +244,10 @@ void FrmMainForm::loadHistory() {
 
 void FrmMainForm::refresh() {
     setWindowTitle(m_state->Caption.isEmpty() ? QStringLiteral("Chart") : m_state->Caption);
+    // While a tool runs, what would redraw, zoom or open a dialog waits; only its cancel is offered.
+    const bool drawing = m_state->DrawingTools.Active();
+    for (QAction* action : m_waiting) action->setEnabled(!drawing);
+    m_cancelDrawing->setEnabled(drawing);
     m_chart->mirror();
 }
 
@@ -202,11 +272,12 @@ void FrmMainForm::buildMenus(QMenuBar* bar) {
             m_exitProgram();
     });
 
-    // The options and indicator dialogs and the drawing tools come with their own screens.
     QMenu* tools = bar->addMenu(QStringLiteral("&Tools"));
     tools->setObjectName(QStringLiteral("tools"));
-    add(tools, "mnuoptions", QStringLiteral("Options"), false);
-    add(tools, "mnuindicators", QStringLiteral("Indicators"), false);
+    QAction* options = add(tools, "mnuoptions", QStringLiteral("Options"), true);
+    connect(options, &QAction::triggered, this, &FrmMainForm::GetOptionsDlg);
+    QAction* indicators = add(tools, "mnuindicators", QStringLiteral("Indicators"), true);
+    connect(indicators, &QAction::triggered, this, &FrmMainForm::showIndicators);
     tools->addSeparator();
     m_overlay = add(tools, "mnuruleoverlay", QStringLiteral("&Rule on Chart"), true);
     m_overlay->setCheckable(true);
@@ -214,7 +285,7 @@ void FrmMainForm::buildMenus(QMenuBar* bar) {
 
     QAction* drawing = bar->addAction(QStringLiteral("&Drawing"));
     drawing->setObjectName(QStringLiteral("drawing"));
-    drawing->setEnabled(false);
+    connect(drawing, &QAction::triggered, this, &FrmMainForm::showDrawingTools);
     QAction* redraw = bar->addAction(QStringLiteral("&Redraw"));
     redraw->setObjectName(QStringLiteral("mnuredraw"));
     connect(redraw, &QAction::triggered, this, [this] { act([this] { m_state->mnuredraw_Click(); }); });
@@ -229,29 +300,58 @@ void FrmMainForm::buildMenus(QMenuBar* bar) {
     increase->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(increase, &QAction::triggered, this, [this] { act([this] { m_state->mnuincrease_Click(); }); });
     addActions({dec, increase});
+    m_waiting << options << indicators << m_overlay << drawing << redraw << dec << increase;
 }
 
 void FrmMainForm::buildPopUp() {
     m_popUp = new QMenu(this);
     m_popUp->setObjectName(QStringLiteral("mnuChartPopUp"));
-    const auto add = [this](QMenu* menu, const char* name, const QString& caption, void (FrmMain::*procedure)()) {
+    const auto add = [this](QMenu* menu, const char* name, const QString& caption, std::function<void()> procedure) {
         QAction* action = menu->addAction(caption);
         action->setObjectName(QString::fromLatin1(name));
-        if (procedure)
-            connect(action, &QAction::triggered, this,
-                    [this, procedure] { act([this, procedure] { (*m_state.*procedure)(); }); });
-        else
-            action->setEnabled(false);  // its screen comes with the drawing tools and the dialogs
+        connect(action, &QAction::triggered, this, std::move(procedure));
+        return action;
     };
-    add(m_popUp, "mnuPuCancelDrawing", QStringLiteral("Cancel Drawing"), nullptr);
-    add(m_popUp, "mnuPuSettingsChart", QStringLiteral("Chart Options"), nullptr);
+    const auto state = [this](void (FrmMain::*procedure)()) {
+        return [this, procedure] { act([this, procedure] { (*m_state.*procedure)(); }); };
+    };
+    m_cancelDrawing =
+        add(m_popUp, "mnuPuCancelDrawing", QStringLiteral("Cancel Drawing"), state(&FrmMain::mnuPuCancelDrawing_Click));
+    QAction* options = add(m_popUp, "mnuPuSettingsChart", QStringLiteral("Chart Options"), [this] { GetOptionsDlg(); });
     QMenu* crossHair = m_popUp->addMenu(QStringLiteral("CrossHair"));
     crossHair->setObjectName(QStringLiteral("mnuPuCrossHair"));
-    add(crossHair, "mnuPuCrossHairColor", QStringLiteral("Color"), &FrmMain::mnuPuCrossHairColor_Click);
-    add(crossHair, "mnuPuCrossHairMode", QStringLiteral("Mode"), &FrmMain::mnuPuCrossHairMode_Click);
-    add(m_popUp, "mnuPuBarSpacing", QStringLiteral("Bar Spacing"), &FrmMain::mnuPuBarSpacing_Click);
-    add(m_popUp, "mnuPuBlankSpace", QStringLiteral("BlankSpace"), &FrmMain::mnuPuBlankSpace_Click);
-    add(m_popUp, "mnuPuIndSettings", QStringLiteral("Indicator Settings"), nullptr);
+    QAction* colour = add(crossHair, "mnuPuCrossHairColor", QStringLiteral("Color"),
+                          [this] { act([this] { m_state->mnuPuCrossHairColor_Click(this); }); });
+    QAction* mode =
+        add(crossHair, "mnuPuCrossHairMode", QStringLiteral("Mode"), state(&FrmMain::mnuPuCrossHairMode_Click));
+    QAction* spacing =
+        add(m_popUp, "mnuPuBarSpacing", QStringLiteral("Bar Spacing"), state(&FrmMain::mnuPuBarSpacing_Click));
+    QAction* blank =
+        add(m_popUp, "mnuPuBlankSpace", QStringLiteral("BlankSpace"), state(&FrmMain::mnuPuBlankSpace_Click));
+    QAction* indicators =
+        add(m_popUp, "mnuPuIndSettings", QStringLiteral("Indicator Settings"), [this] { showIndicators(); });
+    m_waiting << options << colour << mode << spacing << blank << indicators;
+}
+
+void FrmMainForm::GetOptionsDlg() {
+    FrmOptionsForm dialog(
+        *m_state, [this] { refresh(); }, this);
+    dialog.exec();
+    // Whichever way the dialog closed, the chart reads its file again.
+    act([this] { m_state->reloadSettings(); });
+}
+
+void FrmMainForm::showIndicators() {
+    FrmIndicatorsForm dialog(m_state->program(), this);
+    dialog.exec();
+    act([this] { m_state->ChartBoxDraw(); });
+}
+
+void FrmMainForm::showDrawingTools() {
+    FrmDrawingToolsForm dialog(m_state->program(), m_state->DrawingTools, this);
+    dialog.exec();
+    m_chart->setFocus();
+    refresh();
 }
 
 void FrmMainForm::keyPressEvent(QKeyEvent* event) {
@@ -267,6 +367,10 @@ void FrmMainForm::keyPressEvent(QKeyEvent* event) {
                 return;
             }
         }
+    }
+    if (event->key() == Qt::Key_Escape && m_state->DrawingTools.Active()) {
+        act([this] { m_state->mnuPuCancelDrawing_Click(); });
+        return;
     }
     if (event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers() & Qt::ShiftModifier)) {
         m_popUp->popup(m_chart->mapToGlobal(m_chart->rect().center()));

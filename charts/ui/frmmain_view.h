@@ -1,5 +1,6 @@
-// The chart window frmMain: its menus, the shown picture with the crosshair, the dividers and
-// the mouse label over it, and the pop-up menu. It mirrors FrmMain and forwards every act.
+// The chart window frmMain: its menus, the shown picture with the crosshair, the dividers, the
+// mouse label and a drawing tool's rubber band over it, the pop-up menu, and the chart's three
+// dialogs. It mirrors FrmMain and forwards every act.
 #pragma once
 
 #include <QWidget>
@@ -10,6 +11,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QMenuBar;
+class QTimer;
 
 namespace ostravel {
 
@@ -41,9 +43,14 @@ protected:
 private:
     // The strips the crosshair and dividers cover, to be painted again when they move.
     QRegion overRegion() const;
+    // While a tool runs, the pointer stays in the band of the pane of the first click.
+    void confinePointer(const QPoint& at);
 
     FrmMain& m_state;
     QLabel* m_label;
+    QLabel* m_instruct;
+    QTimer* m_heartbeat;
+    bool m_banded = false;  // a rubber band was shown at the last mirror
     QRegion m_lastOver;
     qint64 m_shownPicture = 0;
     int m_wheelEighths = 0;
@@ -67,6 +74,10 @@ protected:
 private:
     void buildMenus(QMenuBar* bar);
     void buildPopUp();
+    // The three dialogs, modal over the chart.
+    void GetOptionsDlg();
+    void showIndicators();
+    void showDrawingTools();
     // Runs one of the state's procedures, then mirrors the state.
     void act(const std::function<void()>& procedure);
 
@@ -75,6 +86,8 @@ private:
     ChartBoxView* m_chart = nullptr;
     QMenu* m_popUp = nullptr;
     QAction* m_overlay = nullptr;
+    QList<QAction*> m_waiting;           // what waits while a drawing tool runs
+    QAction* m_cancelDrawing = nullptr;  // and what only a running tool offers
 };
 
 }  // namespace ostravel

@@ -9,25 +9,21 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include "context/program.h"
 #include "ledger/create.h"
 #include "ledger/ui/ledger_screen.h"
-#include "runtime/apppath.h"
-#include "runtime/trap.h"
 #include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
+#include "widgets/help_panel.h"
 
 namespace ostravel {
 
 namespace {
 
-constexpr int kHelpHeightTwips = 3000;
 constexpr int kGridHeightTwips = 3000;
 
 }  // namespace
@@ -66,15 +62,8 @@ Create::Create(Program& program, QWidget* parent)
     buttons->addWidget(addButton(QStringLiteral("cmdclose"), m_state.cmdclose, &PortfolioWizard::cmdclose_Click));
     m_buttons.front().first->setDefault(true);
 
-    // The help box with the margin below it: what the form grows by while the help shows.
-    m_helpArea = new QWidget(this);
-    m_RichTextBox1 = new QTextBrowser(m_helpArea);
-    m_RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-    m_RichTextBox1->setFixedHeight(twipsToPixels(kHelpHeightTwips));
-    auto* helpLayout = new QVBoxLayout(m_helpArea);
-    helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(PortfolioWizard::kHelpExtraTwips));
-    helpLayout->addWidget(m_RichTextBox1);
-    m_helpArea->hide();
+    m_helpArea = new HelpPanel(this, PortfolioWizard::kHelpExtraTwips, program.reporter(),
+                               QStringLiteral("(Form) Create::Sub cmdhelp_Click"), PortfolioWizard::kHelpFile);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -155,11 +144,7 @@ void Create::refresh() {
         const QSignalBlocker blocker(m_MSFlexGrid1);
         showFlexGrid(*m_MSFlexGrid1, m_state.MSFlexGrid1);
     }
-    if (m_state.helpShown && m_helpArea->isHidden()) {
-        trapped(m_program.reporter(), QStringLiteral("(Form) Create::Sub cmdhelp_Click"),
-                [&] { loadRichText(m_RichTextBox1, appFile(PortfolioWizard::kHelpFile)); });
-    }
-    m_helpArea->setVisible(m_state.helpShown);
+    m_helpArea->mirror(m_state.helpShown);
     showDatePicker(m_DatePicker1, m_cmddate, m_state.DatePicker1Visible, m_state.DatePicker1Value);
     takeFocus(this, m_state.focus);
 }

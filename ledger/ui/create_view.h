@@ -11,10 +11,10 @@
 class QLineEdit;
 class QPushButton;
 class QTableWidget;
-class QTextBrowser;
 
 namespace ostravel {
 
+class HelpPanel;
 class DatePicker;
 class PortfolioWizard;
 class Program;
@@ -45,8 +45,7 @@ private:
     QTableWidget* m_MSFlexGrid1;
     QList<std::pair<QPushButton*, const Button*>> m_buttons;
     DatePicker* m_DatePicker1;
-    QWidget* m_helpArea;
-    QTextBrowser* m_RichTextBox1;
+    HelpPanel* m_helpArea;
     bool m_unloaded = false;  // the state has unloaded and closed this screen
 };
 

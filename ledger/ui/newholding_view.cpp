@@ -10,27 +10,23 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include "context/program.h"
 #include "ledger/newholding.h"
 #include "ledger/ui/ledger_screen.h"
-#include "runtime/apppath.h"
 #include "runtime/keyfilters.h"
-#include "runtime/trap.h"
 #include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"
+#include "widgets/help_panel.h"
 #include "widgets/key_filter.h"
-#include "widgets/rich_text_box.h"
 
 namespace ostravel {
 
 namespace {
 
-constexpr int kHelpHeightTwips = 3000;
 constexpr int kCompanyWidthTwips = 5000;
 
 }  // namespace
@@ -100,14 +96,8 @@ NewHoldingForm::NewHoldingForm(Program& program, QWidget* parent)
     buttons->addWidget(addButton(QStringLiteral("cmdnew"), m_state.cmdnew, &NewHolding::cmdnew_Click));
     buttons->addWidget(addButton(QStringLiteral("cmdhelp"), m_state.cmdhelp, &NewHolding::cmdhelp_Click));
 
-    m_helpArea = new QWidget(this);
-    m_RichTextBox1 = new QTextBrowser(m_helpArea);
-    m_RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-    m_RichTextBox1->setFixedHeight(twipsToPixels(kHelpHeightTwips));
-    auto* helpLayout = new QVBoxLayout(m_helpArea);
-    helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(NewHolding::kHelpExtraTwips));
-    helpLayout->addWidget(m_RichTextBox1);
-    m_helpArea->hide();
+    m_helpArea = new HelpPanel(this, NewHolding::kHelpExtraTwips, program.reporter(),
+                               QStringLiteral("(Form) NewHoldingForm::Sub cmdhelp_Click"), NewHolding::kHelpFile);
 
     auto* top = new QHBoxLayout;
     top->addWidget(exchange);
@@ -195,11 +185,7 @@ void NewHoldingForm::refresh() {
         push->setText(button->caption);
         push->setEnabled(button->enabled);
     }
-    if (m_state.helpShown && m_helpArea->isHidden()) {
-        trapped(m_program.reporter(), QStringLiteral("(Form) NewHoldingForm::Sub cmdhelp_Click"),
-                [&] { loadRichText(m_RichTextBox1, appFile(NewHolding::kHelpFile)); });
-    }
-    m_helpArea->setVisible(m_state.helpShown);
+    m_helpArea->mirror(m_state.helpShown);
     showDatePicker(m_DatePicker1, m_Command1, m_state.DatePicker1Visible, m_state.DatePicker1Value);
     takeFocus(this, m_state.focus);
 }

@@ -12,10 +12,10 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
-class QTextBrowser;
 
 namespace ostravel {
 
+class HelpPanel;
 class DatePicker;
 class NewHolding;
 class Program;
@@ -46,8 +46,7 @@ private:
     QLineEdit* m_txtequitysymbol;
     QList<std::pair<QPushButton*, const Button*>> m_buttons;
     DatePicker* m_DatePicker1;
-    QWidget* m_helpArea;
-    QTextBrowser* m_RichTextBox1;
+    HelpPanel* m_helpArea;
     bool m_unloaded = false;  // the state has unloaded and closed this screen
 };
 

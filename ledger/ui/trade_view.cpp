@@ -10,26 +10,22 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableWidget>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "context/program.h"
 #include "ledger/trade.h"
-#include "runtime/apppath.h"
 #include "runtime/reporterror.h"
-#include "runtime/trap.h"
 #include "runtime/vbdate.h"
 #include "widgets/control_binding.h"
 #include "widgets/datepicker.h"
 #include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
+#include "widgets/help_panel.h"
 
 namespace ostravel {
 
 namespace {
 
-constexpr int kHelpHeightTwips = 3000;
 constexpr int kGridHeightTwips = 3000;
 const QString kHelpFile = QStringLiteral("help/TradingScreenHelp.rtf");
 
@@ -91,14 +87,8 @@ TradeForm::TradeForm(Program& program, QWidget* parent)
     setUpFlexGrid(*m_MSFlexGrid1);
     m_MSFlexGrid1->setMinimumHeight(twipsToPixels(kGridHeightTwips));
 
-    // The help box with 250 twips below it: what the form grows by while the help shows.
-    m_helpArea = new QWidget(this);
-    m_RichTextBox1 = new QTextBrowser(m_helpArea);
-    m_RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-    m_RichTextBox1->setFixedHeight(twipsToPixels(kHelpHeightTwips));
-    auto* helpLayout = new QVBoxLayout(m_helpArea);
-    helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(Trade::kHelpExtraTwips));
-    helpLayout->addWidget(m_RichTextBox1);
+    m_helpArea = new HelpPanel(this, Trade::kHelpExtraTwips, program.reporter(),
+                               QStringLiteral("(Form) TradeForm::Sub cmdhelp_Click"), kHelpFile);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -192,12 +182,7 @@ void TradeForm::refresh() {
         m_MSFlexGrid1->setMinimumWidth(width);
     }
 
-    if (m_state.helpShown && !m_helpLoaded) {
-        m_helpLoaded = true;
-        trapped(m_program.reporter(), QStringLiteral("(Form) TradeForm::Sub cmdhelp_Click"),
-                [&] { loadRichText(m_RichTextBox1, appFile(kHelpFile)); });
-    }
-    m_helpArea->setVisible(m_state.helpShown);
+    m_helpArea->mirror(m_state.helpShown);
 
     if (m_state.DatePicker1Visible && !m_DatePicker1->isVisible()) {
         m_DatePicker1->setInitDate(serialToDate(m_state.DatePicker1Value));

@@ -9,10 +9,10 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 class QTableWidget;
-class QTextBrowser;
 
 namespace ostravel {
 
+class HelpPanel;
 class DatePicker;
 class Program;
 class Trade;
@@ -51,10 +51,8 @@ private:
     QPushButton* m_cmdclose;
     QPushButton* m_cmdhelp;
     QTableWidget* m_MSFlexGrid1;
-    QWidget* m_helpArea;
-    QTextBrowser* m_RichTextBox1;
+    HelpPanel* m_helpArea;
     DatePicker* m_DatePicker1;
-    bool m_helpLoaded = false;
 };
 
 }  // namespace ostravel

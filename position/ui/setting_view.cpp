@@ -6,22 +6,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include "context/program.h"
 #include "position/setting.h"
-#include "runtime/apppath.h"
-#include "runtime/trap.h"
 #include "widgets/control_binding.h"
 #include "widgets/flexgrid.h"
-#include "widgets/rich_text_box.h"
+#include "widgets/help_panel.h"
 
 namespace ostravel {
 
 namespace {
-
-constexpr int kHelpHeightTwips = 3000;
 
 QLabel* caption(const char* text, QWidget* parent) {
     return new QLabel(QString::fromUtf8(text), parent);
@@ -66,17 +61,10 @@ SettingForm::SettingForm(Program& program, QWidget* parent) : QDialog(parent), m
     buttons->addWidget(m_cmdok);
     buttons->addWidget(m_cmdhelp);
 
-    // The help box with 300 twips below it: what the dialog grows by while the help shows.
-    m_helpArea = new QWidget(this);
-    m_RichTextBox1 = new QTextBrowser(m_helpArea);
-    m_RichTextBox1->setObjectName(QStringLiteral("RichTextBox1"));
-    m_RichTextBox1->setFixedHeight(twipsToPixels(kHelpHeightTwips));
-    auto* helpLayout = new QVBoxLayout(m_helpArea);
-    helpLayout->setContentsMargins(0, 0, 0, twipsToPixels(Setting::kHelpExtraTwips));
-    helpLayout->addWidget(m_RichTextBox1);
-    m_helpArea->hide();
-    trapped(program.reporter(), QStringLiteral("(Form) SettingForm::Sub Form_Load"),
-            [&] { loadRichText(m_RichTextBox1, appFile(QStringLiteral("help/PositionManagement.rtf"))); });
+    m_helpArea = new HelpPanel(this, Setting::kHelpExtraTwips, program.reporter(),
+                               QStringLiteral("(Form) SettingForm::Sub Form_Load"),
+                               QStringLiteral("help/PositionManagement.rtf"));
+    m_helpArea->load();
 
     auto* layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -103,7 +91,7 @@ void SettingForm::refresh() {
     for (const auto& [edit, box] : m_boxes) mirror(edit, *box);
     m_cmdhelp->setText(m_state.cmdhelp.caption);
     m_cmdhelp->setEnabled(m_state.cmdhelp.enabled);
-    m_helpArea->setVisible(m_state.helpShown);
+    m_helpArea->mirror(m_state.helpShown);
 }
 
 void SettingForm::cmdhelp_Click() {

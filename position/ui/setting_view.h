@@ -9,10 +9,10 @@
 
 class QLineEdit;
 class QPushButton;
-class QTextBrowser;
 
 namespace ostravel {
 
+class HelpPanel;
 class Program;
 class Setting;
 
@@ -31,8 +31,7 @@ private:
     QList<std::pair<QLineEdit*, const TextBox*>> m_boxes;
     QPushButton* m_cmdok;
     QPushButton* m_cmdhelp;
-    QWidget* m_helpArea;
-    QTextBrowser* m_RichTextBox1;
+    HelpPanel* m_helpArea;
 };
 
 }  // namespace ostravel

@@ -49,7 +49,7 @@ private Q_SLOTS:
         QCOMPARE(frame.findChildren<QLabel*>(QRegularExpression(QStringLiteral("^panel\\d$"))).size(), 6);
     }
 
-    void menuHoldsTheWholeTreeWithUnbuiltScreensDisabled() {
+    void menuHoldsTheWholeTreeWithEveryEntryEnabled() {
         MDIForm1View frame(*m_program);
         QStringList tops;
         for (QAction* a : frame.menuBar()->actions()) tops << a->text();
@@ -59,8 +59,16 @@ private Q_SLOTS:
         QVERIFY(frame.action(QStringLiteral("Exit"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnucalc"))->isEnabled());
         QVERIFY(frame.action(QStringLiteral("mnykbhelp"))->isEnabled());
-        QVERIFY(frame.action(QStringLiteral("ViewHistoricaldata"))->isEnabled());
-        QVERIFY(!frame.action(QStringLiteral("mnubank"))->isEnabled());
+        // Every screen of the menu is built: no entry stands disabled for one that is not.
+        const std::function<void(const QList<MenuItem>&)> allEnabled = [&](const QList<MenuItem>& items) {
+            for (const MenuItem& item : items) {
+                if (!item.children.isEmpty())
+                    allEnabled(item.children);
+                else if (!item.separator())
+                    QVERIFY2(frame.action(item.name)->isEnabled(), qPrintable(item.name));
+            }
+        };
+        allEnabled(menuTree());
         QCOMPARE(frame.action(QStringLiteral("StockPriceChart"))->text(), QStringLiteral("Tecnical Charts"));
         QCOMPARE(frame.action(QStringLiteral("createnewport"))->text(), QStringLiteral("Create &New  Portfolio "));
         QVERIFY(frame.action(QStringLiteral("mnudepositcash")));
@@ -102,12 +110,15 @@ private Q_SLOTS:
         frame.action(QStringLiteral("mnykbhelp"))->trigger();
         QStringList names;
         for (QMdiSubWindow* sub : frame.mdiArea()->subWindowList()) names << sub->widget()->objectName();
-        QCOMPARE(names, (QStringList{QStringLiteral("calc"), QStringLiteral("FRM_KEYBOARD_HELP")}));
+        QCOMPARE(names, (QStringList{QStringLiteral("frmexplore"), QStringLiteral("calc"),
+                                     QStringLiteral("FRM_KEYBOARD_HELP")}));
         // The help shows both of its columns whole, without scrolling.
         auto* help = frame.mdiArea()->subWindowList().back()->widget()->findChild<QTableWidget*>();
         QCOMPARE(test::clippedColumn(*help), QString());
         QVERIFY(help->horizontalHeader()->length() <= help->viewport()->width());
-        QCOMPARE(frame.mdiArea()->subWindowList().front()->pos(), QPoint(0, 0));
+        // Right of the navigator, as PosForm places a child.
+        const QList<QMdiSubWindow*> subs = frame.mdiArea()->subWindowList();
+        QCOMPARE(subs.at(1)->pos(), QPoint(subs.front()->geometry().right() + 1, 0));
     }
 
     void quickShowsItsTextAndWritesItsSetting() {

@@ -175,6 +175,7 @@ TEST_F(ChartIni, BackupCopiesTheFileAndResetAsksFirstThenDropsEveryEdit) {
     EXPECT_EQ(prompt.asked().at(1).text,
               QStringLiteral("Are you sure you want to reset current settings?\nThis will be permanent..."));
     EXPECT_EQ(prompt.asked().at(1).title, QStringLiteral("Reset to Defaults"));
+    EXPECT_EQ(prompt.asked().at(1).buttons, Buttons::YesNoDefaultNo);
     MakeIniFile(file);
     EXPECT_EQ(bytes(), defaultIniText());
     EXPECT_EQ(get("DrawingToolDefaults", "DrawColor"), QString());

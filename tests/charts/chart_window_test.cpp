@@ -4,30 +4,19 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QGuiApplication>
 #include <QImage>
 
 #include "charts/chart_geometry.h"
-#include "charts/chart_settings.h"
-#include "charts/frmmain.h"
 #include "charts/indicators/cci.h"
 #include "charts/indicators/macd.h"
-#include "charts/mfunctions.h"
 #include "charts/midicators.h"
 #include "charts/rule_overlay.h"
-#include "market/history_import.h"
-#include "runtime/apppath.h"
 #include "store/database.h"
-#include "tests/support/program_test.h"
-#include "tests/support/selection.h"
+#include "tests/charts/chart_fixture.h"
 #include "tests/support/store_rows.h"
 
 namespace ostravel::test {
 namespace {
-
-QString testData(const QString& relative) {
-    return qEnvironmentVariable("OSTRAVEL_TEST_DATA") + QLatin1Char('/') + relative;
-}
 
 // Pixels of two pictures that differ by more than a shade, as a share of all.
 double differingShare(const QImage& a, const QImage& b) {
@@ -44,36 +33,6 @@ double differingShare(const QImage& a, const QImage& b) {
         }
     return static_cast<double>(differing) / (a.width() * a.height());
 }
-
-class ChartWindow : public ProgramTest {
-protected:
-    ChartWindow() {
-        importHistoryFile(testData(QStringLiteral("history/TATAMOTORS.csv")), QStringLiteral("TATAMOTORS"));
-        selectHolding(m_program.frame(), QStringLiteral("TATAMOTORS"), QStringLiteral("Long Term"));
-        // A font every machine of the project has, so that the picture is the same everywhere.
-        MakeIniFile(appFile(QStringLiteral("Chart.INI")));
-        WriteIni(appFile(QStringLiteral("Chart.INI")), QStringLiteral("Settings"), QStringLiteral("FontName"),
-                 QStringLiteral("DejaVu Sans"));
-        chart.Form_Load();
-        chart.Form_Resize(800, 600);
-        chart.loadHistory();
-    }
-    QString ini(const char* key) const {
-        return GetIni(appFile(QStringLiteral("Chart.INI")), QStringLiteral("Settings"), QString::fromLatin1(key));
-    }
-    // Rows of the indicator pane, between the second split and the chart's bottom.
-    bool paneIsBlank() {
-        const QImage& picture = chart.ChartBoxV;
-        const QRgb back = picture.pixel(picture.width() - 1, picture.height() - 1);
-        for (int y = static_cast<int>(chart.settings().WindowSplit2) + 2; y < chart.ChartBottom; ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                if (picture.pixel(x, y) != back)
-                    return false;
-        return true;
-    }
-
-    FrmMain chart{m_program};
-};
 
 TEST_F(ChartWindow, DrawsThePictureOfTheGoldenOne) {
     ASSERT_TRUE(chart.DataReady);
@@ -301,9 +260,3 @@ TEST_F(ChartWindow, TheRuleOnTheChartShowsTheHoldingAndLeavesNoTraceWhenOff) {
 
 }  // namespace
 }  // namespace ostravel::test
-
-int main(int argc, char** argv) {
-    QGuiApplication app(argc, argv);
-    ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

@@ -1,8 +1,13 @@
 // The chart's geometry without a display: the price grid's step, the splits SetMargins keeps,
-// the divider's hit and drag bands, the crosshair's snap and the mouse label.
+// the divider's hit and drag bands, the crosshair's snap, the mouse label, and the drawing
+// tools' lines, boxes, ellipses, Fibonacci levels and pane bands.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "charts/chart_geometry.h"
+#include "charts/drawing_geometry.h"
+#include "runtime/vberror.h"
 #include "tests/support/qstring_printer.h"
 
 namespace ostravel::test {
@@ -72,6 +77,79 @@ TEST(ChartGeometry, MouseLabelReadsThePriceAndOnAQuickSecondPressTheBar) {
               QStringLiteral("19/10/2021\n      \nO: 512.45\nH: 517.4\nL: 476.05\nC: 481.9\nV: 57428637\n120.00"));
     EXPECT_TRUE(mouseLabelText(in, 895, 4).startsWith(QStringLiteral("18/10/2021")));
     EXPECT_EQ(mouseLabelText(in, 960, 4), QStringLiteral("120.00"));  // beyond the last bar
+}
+
+TEST(DrawingGeometry, ExtendCarriesALineToTheEdgesOnItsSlope) {
+    struct Row {
+        QPointF a, b;
+        std::int16_t extend;
+        QLineF line;
+    };
+    const Row rows[] = {
+        {{300, 200}, {100, 100}, 0, {{100, 100}, {300, 200}}},             // the segment, left point first
+        {{100, 100}, {300, 200}, kExtendLeft, {{0, 50}, {300, 200}}},      // to x 0
+        {{100, 100}, {300, 200}, kExtendRight, {{100, 100}, {800, 450}}},  // to the picture's width
+        {{100, 100}, {300, 200}, 3, {{0, 50}, {800, 450}}},
+        {{100, 40}, {300, 40}, 3, {{0, 40}, {800, 40}}},        // a level line too
+        {{200, 300}, {200, 100}, 3, {{200, 300}, {200, 100}}},  // a vertical one stays
+    };
+    for (const Row& row : rows) EXPECT_EQ(extendedLine(row.a, row.b, row.extend, 800), row.line) << row.extend;
+}
+
+TEST(DrawingGeometry, SquaresAndEllipsesTakeTheirSizeFromThePoints) {
+    const std::tuple<QPointF, QPointF> squares[] = {{{10, 10}, {50, 20}}, {{10, 10}, {50, -90}}, {{10, 10}, {-30, 10}}};
+    const QPointF corners[] = {{50, 50}, {50, -30}, {-30, 50}};
+    for (std::size_t i = 0; i < std::size(squares); ++i)
+        EXPECT_EQ(squareCorner(std::get<0>(squares[i]), std::get<1>(squares[i])), corners[i]) << i;
+
+    struct Row {
+        bool useOrigin, circle;
+        QRectF box;
+    };
+    const QPointF first(100, 100), last(130, 140);
+    const Row rows[] = {
+        {false, false, {100, 100, 30, 40}},  // the box of opposite points
+        {false, true, {100, 105, 30, 30}},   // a circle as wide as they are apart
+        {true, true, {50, 50, 100, 100}},    // the rim 50 away from the origin
+    };
+    for (const Row& row : rows) EXPECT_EQ(ellipseBox(first, last, row.useOrigin, row.circle), row.box) << row.circle;
+    // From the origin the ellipse keeps the points' ratio and runs through the second one.
+    const QRectF box = ellipseBox(first, last, true, false);
+    EXPECT_EQ(box.center(), first);
+    EXPECT_DOUBLE_EQ(box.height() / box.width(), 40.0 / 30.0);
+    EXPECT_NEAR(std::pow(30 / (box.width() / 2), 2) + std::pow(40 / (box.height() / 2), 2), 1, 1e-12);
+}
+
+TEST(DrawingGeometry, FibonacciLevelsUseSinglePrecisionFactors) {
+    const FibLevels levels = fibLevels({410.7, 1100}, {20.2, 100});
+    EXPECT_EQ(levels.left, 20);
+    EXPECT_EQ(levels.y[0], 100);
+    EXPECT_EQ(levels.y[2], 600);
+    EXPECT_EQ(levels.y[4], 1100);
+    // 0.618 and 0.382 as 32-bit floats lie just below their decimals.
+    EXPECT_NEAR(levels.y[1], 717.99997091, 1e-8);
+    EXPECT_NEAR(levels.y[3], 481.99999928, 1e-8);
+}
+
+TEST(DrawingGeometry, KeptFibBandShiftTakesTheSlopeInDegreesAsRadians) {
+    const double slope = fibSlope({0, 0}, {100, 100});
+    EXPECT_NEAR(slope, 45, 1e-6);
+    const QLineF shifted = shiftedDiagonal({0, 0}, {100, 100}, slope);
+    // sin(45) and cos(45) of radians: less than a pixel, not the half root of two of degrees.
+    EXPECT_NEAR(shifted.x1(), 0.8509, 1e-4);
+    EXPECT_NEAR(shifted.y1(), 0.5253, 1e-4);
+    EXPECT_EQ(shifted.p2() - shifted.p1(), QPointF(100, 100));
+    EXPECT_THROW(fibSlope({5, 0}, {5, 100}), VbError);
+}
+
+TEST(DrawingGeometry, ThePointerStaysInThePaneOfTheFirstClick) {
+    const std::tuple<double, QRect> rows[] = {
+        {100, QRect(QPoint(0, 0), QPoint(799, 430))},    // price, above the first split
+        {430, QRect(QPoint(0, 432), QPoint(799, 480))},  // volume, from 2 below the first split
+        {481, QRect(QPoint(0, 482), QPoint(799, 599))},  // indicator, from 2 below the second
+    };
+    for (const auto& [y, band] : rows) EXPECT_EQ(paneBand(y, 430, 480, 800, 600), band) << y;
+    EXPECT_EQ(confinedPoint(QRect(QPoint(0, 432), QPoint(799, 480)), QPoint(900, 10)), QPoint(799, 432));
 }
 
 }  // namespace

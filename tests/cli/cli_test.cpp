@@ -37,49 +37,48 @@ TEST(CliInfo, CreatesTheDatabaseAndCountsEveryTable) {
     EXPECT_TRUE(lines.contains(QStringLiteral("transaction\t0")));
 }
 
-TEST(CliInfo, RefusesAFileThatIsNoDatabaseAndLeavesIt) {
-    QTemporaryDir dir;
-    QDir(dir.path()).mkpath(QStringLiteral("database"));
-    const QString path = dir.filePath(QStringLiteral("database/ostravel.mdb"));
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("these are the user's notes, not a database");
-    f.close();
+// Every command that opens the store refuses the same way, and leaves the file as it was.
+TEST(Cli, EveryCommandRefusesAFileThatIsNoDatabaseAndLeavesIt) {
+    const QStringList commands[] = {
+        {QStringLiteral("info")},
+        {QStringLiteral("advise"), QStringLiteral("--portfolio"), QStringLiteral("P"), QStringLiteral("--symbol"),
+         QStringLiteral("INFY")},
+        {QStringLiteral("simulate"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--from"),
+         QStringLiteral("2020-01-01"), QStringLiteral("--to"), QStringLiteral("2020-12-31")},
+        {QStringLiteral("quote"), QStringLiteral("INFY")},
+        {QStringLiteral("indicators"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--name"),
+         QStringLiteral("RSI")},
+        {QStringLiteral("chart"), QStringLiteral("--symbol"), QStringLiteral("INFY"), QStringLiteral("--out"),
+         QStringLiteral("x.png")},
+        {QStringLiteral("history"), QStringLiteral("load"), QStringLiteral("--symbol"), QStringLiteral("INFY")},
+    };
+    for (const QStringList& command : commands) {
+        SCOPED_TRACE(command.join(QLatin1Char(' ')).toStdString());
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath(QStringLiteral("database"));
+        const QString path = dir.filePath(QStringLiteral("database/ostravel.mdb"));
+        QFile f(path);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("these are the user's notes, not a database");
+        f.close();
 
-    const CliRun r = cli({QStringLiteral("--folder"), dir.path(), QStringLiteral("info")});
-    EXPECT_EQ(r.exitCode, 1);
-    EXPECT_TRUE(r.err.contains(path)) << r.err.toStdString();
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), QByteArray("these are the user's notes, not a database"));
+        const CliRun r = cli(QStringList{QStringLiteral("--folder"), dir.path()} + command);
+        EXPECT_EQ(r.exitCode, 1);
+        EXPECT_TRUE(r.err.contains(QStringLiteral("ostravel-cli: ")) && r.err.contains(path)) << r.err.toStdString();
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_EQ(f.readAll(), QByteArray("these are the user's notes, not a database"));
+    }
 }
 
-TEST(CliHe3, PacksAndUnpacksAFileAndRefusesGarbage) {
-    QTemporaryDir dir;
-    const QString in = dir.filePath(QStringLiteral("in.txt"));
-    const QString packed = dir.filePath(QStringLiteral("in.he3"));
-    const QString out = dir.filePath(QStringLiteral("out.txt"));
-    QFile f(in);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    const QByteArray text = QByteArray("Rs. 1,23,456.78 in cash and 500 shares of INFY\n").repeated(200);
-    f.write(text);
-    f.close();
-
-    EXPECT_EQ(cli({QStringLiteral("he3"), QStringLiteral("pack"), in, packed}).exitCode, 0);
-    EXPECT_EQ(cli({QStringLiteral("he3"), QStringLiteral("unpack"), packed, out}).exitCode, 0);
-    QFile o(out);
-    ASSERT_TRUE(o.open(QIODevice::ReadOnly));
-    EXPECT_EQ(o.readAll(), text);
-
-    const CliRun bad = cli({QStringLiteral("he3"), QStringLiteral("unpack"), in, dir.filePath(QStringLiteral("x"))});
-    EXPECT_EQ(bad.exitCode, 2);
-    EXPECT_FALSE(bad.err.isEmpty());
-    EXPECT_FALSE(QFile::exists(dir.filePath(QStringLiteral("x"))));
-}
-
-TEST(Cli, UnknownCommandShowsUsage) {
-    const CliRun r = cli({QStringLiteral("nonsense")});
-    EXPECT_EQ(r.exitCode, 2);
-    EXPECT_TRUE(r.err.startsWith(QStringLiteral("usage:")));
+// The commands' own words are tested beside their logic; here, that each reaches its command.
+TEST(Cli, UnknownWordsShowTheUsageOfTheCommandOrOfAll) {
+    for (const auto& [args, usage] : {std::pair{QStringList{QStringLiteral("nonsense")}, "usage: ostravel-cli"},
+                                      std::pair{QStringList{QStringLiteral("he3"), QStringLiteral("squeeze")},
+                                                "usage: ostravel-cli he3 pack|unpack IN OUT"}}) {
+        const CliRun r = cli(args);
+        EXPECT_EQ(r.exitCode, 2);
+        EXPECT_TRUE(r.err.contains(QLatin1String(usage))) << r.err.toStdString();
+    }
 }
 
 }  // namespace

@@ -19,6 +19,8 @@
 #include "ledger/ui/frmportwizard_view.h"
 #include "ledger/ui/newholding_view.h"
 #include "ledger/ui/portfolioexplorer_view.h"
+#include "ledger/ui/trade_view.h"
+#include "position/ui/setting_view.h"
 #include "runtime/vbdate.h"
 #include "tests/ledger/holdings.h"
 #include "tests/ledger/wizard_rows.h"
@@ -45,6 +47,40 @@ T* child(const QWidget& screen, const char* name) {
 void clickCell(QTableWidget* grid, int row, int col) {
     const QRect cell = grid->visualRect(grid->model()->index(row, col));
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+// What is wrong with the screen's help button: it shows the help below, the screen grows by it,
+// and a second press takes it away; empty when nothing.
+QString helpFault(QWidget& screen) {
+    auto* help = child(screen, "cmdhelp");
+    auto* text = child<QTextBrowser>(screen, "RichTextBox1");
+    const int closed = screen.sizeHint().height();
+    if (help->text() != QLatin1String("Help") || text->isVisibleTo(&screen))
+        return QStringLiteral("help shown before it is asked for");
+    help->click();
+    if (help->text() != QLatin1String("Close") || !text->isVisibleTo(&screen) || text->toPlainText().isEmpty())
+        return QStringLiteral("help not shown");
+    if (screen.sizeHint().height() < closed + text->height())
+        return QStringLiteral("the screen did not grow by its help");
+    help->click();
+    if (help->text() != QLatin1String("Help") || text->isVisibleTo(&screen) || screen.sizeHint().height() != closed)
+        return QStringLiteral("help not taken away");
+    return {};
+}
+
+// What is wrong with the date button: the calendar opens on today, and its OK closes it and puts
+// the date picked on the button.
+QString dateFault(QWidget& screen, const char* button) {
+    auto* picker = child<DatePicker>(screen, "DatePicker1");
+    if (picker->isVisibleTo(&screen))
+        return QStringLiteral("calendar shown before it is asked for");
+    child(screen, button)->click();
+    if (!picker->isVisibleTo(&screen) || picker->InitDate() != QDate::currentDate())
+        return QStringLiteral("calendar not opened on today");
+    Q_EMIT picker->OK(QDate(2006, 2, 17));
+    if (picker->isVisibleTo(&screen) || child(screen, button)->text() != QLatin1String("17/Feb/2006"))
+        return QStringLiteral("the pick is not on the button: ") + child(screen, button)->text();
+    return {};
 }
 
 }  // namespace
@@ -94,28 +130,26 @@ private Q_SLOTS:
         QVERIFY(m_prompt->asked().isEmpty());
     }
 
-    void createShowsItsHelpAndItsCalendar() {
-        Create dialog(*m_program);
-        dialog.show();
-        auto* help = child(dialog, "cmdhelp");
-        auto* text = child<QTextBrowser>(dialog, "RichTextBox1");
-        const int height = dialog.height();
-        QTest::mouseClick(help, Qt::LeftButton);
-        QCOMPARE(help->text(), QStringLiteral("Close"));
-        QVERIFY(text->isVisible());
-        QVERIFY(!text->toPlainText().isEmpty());
-        QTRY_VERIFY(dialog.height() > height);
-        QTest::mouseClick(help, Qt::LeftButton);
-        QCOMPARE(help->text(), QStringLiteral("Help"));
-        QVERIFY(!text->isVisible());
-
-        auto* picker = child<DatePicker>(dialog, "DatePicker1");
-        QVERIFY(!picker->isVisible());
-        QTest::mouseClick(child(dialog, "cmddate"), Qt::LeftButton);
-        QVERIFY(picker->isVisible());
-        QTest::mouseClick(child(*picker, "cmdok"), Qt::LeftButton);
-        QVERIFY(!picker->isVisible());
-        QCOMPARE(child(dialog, "cmddate")->text(), pickedDateCaption(today()));
+    // Every dialog with a help button shows its help below and takes it away; every date button
+    // opens the calendar and takes its pick.
+    void helpAndDateButtonsOfTheDialogs() {
+        Create create(*m_program);
+        NewHoldingForm newholding(*m_program);
+        TradeForm trade(*m_program);
+        SettingForm setting(*m_program);
+        struct Case {
+            QWidget* screen;
+            const char* dateButton;
+        };
+        for (const Case& c : {Case{&create, "cmddate"}, Case{&newholding, "Command1"}, Case{&trade, "cmddate"},
+                              Case{&setting, nullptr}}) {
+            c.screen->show();
+            QVERIFY(QTest::qWaitForWindowExposed(c.screen));
+            QCOMPARE(helpFault(*c.screen), QString());
+            if (c.dateButton)
+                QCOMPARE(dateFault(*c.screen, c.dateButton), QString());
+            c.screen->hide();
+        }
         QVERIFY(m_prompt->asked().isEmpty());
     }
 

@@ -7,7 +7,6 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QTextBrowser>
 
 #include "position/frmmodel.h"
 #include "position/setting.h"
@@ -57,26 +56,6 @@ private Q_SLOTS:
             QVERIFY2(labels.contains(QString::fromUtf8(text)), text);
         // Two thirds of the 1000 traded.
         QCOMPARE(dialog.findChild<QLineEdit*>(QStringLiteral("txtbcash"))->text().left(6), QStringLiteral("666.66"));
-    }
-
-    void settingHelpGrowsTheDialogAndBack() {
-        SettingForm dialog(*m_program);
-        dialog.show();
-        auto* help = dialog.findChild<QPushButton*>(QStringLiteral("cmdhelp"));
-        auto* text = dialog.findChild<QTextBrowser*>(QStringLiteral("RichTextBox1"));
-        QCOMPARE(help->text(), QStringLiteral("Help"));
-        QVERIFY(!text->isVisibleTo(&dialog));
-        const int closedHeight = dialog.sizeHint().height();
-
-        help->click();
-        QCOMPARE(help->text(), QStringLiteral("Close"));
-        QVERIFY(text->isVisibleTo(&dialog));
-        QVERIFY(!text->toPlainText().isEmpty());
-        QVERIFY(dialog.sizeHint().height() >= closedHeight + text->height() + 300 / 15);
-
-        help->click();
-        QCOMPARE(help->text(), QStringLiteral("Help"));
-        QCOMPARE(dialog.sizeHint().height(), closedHeight);
     }
 
     void numericBoxesTakeDigitsAndPointsOnly() {

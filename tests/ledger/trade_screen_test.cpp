@@ -9,7 +9,6 @@
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
-#include <QTextBrowser>
 #include <memory>
 
 #include "context/screens.h"
@@ -24,7 +23,6 @@
 #include "tests/support/program_screen_test.h"
 #include "tests/support/selection.h"
 #include "tests/support/store_rows.h"
-#include "widgets/datepicker.h"
 
 using namespace ostravel;
 
@@ -124,33 +122,6 @@ private Q_SLOTS:
         QTest::mouseClick(child<QPushButton>(screen, "cmdclose"), Qt::LeftButton);
         QVERIFY(!screen.isVisible());
         QVERIFY(!state.loaded);
-    }
-
-    void tradeDateButtonAndHelp() {
-        TradeForm screen(*m_program);
-        screen.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&screen));
-        auto* picker = child<DatePicker>(screen, "DatePicker1");
-        QVERIFY(picker->isHidden());
-        QTest::mouseClick(child<QPushButton>(screen, "cmddate"), Qt::LeftButton);
-        QVERIFY(picker->isVisible());
-        QCOMPARE(picker->InitDate(), QDate::currentDate());
-        Q_EMIT picker->OK(QDate(2006, 2, 17));
-        QVERIFY(picker->isHidden());
-        QCOMPARE(child<QPushButton>(screen, "cmddate")->text(), QStringLiteral("17/Feb/2006"));
-
-        auto* help = child<QPushButton>(screen, "cmdhelp");
-        auto* text = child<QTextBrowser>(screen, "RichTextBox1");
-        QVERIFY(!text->isVisible());
-        const int height = screen.sizeHint().height();
-        QTest::mouseClick(help, Qt::LeftButton);
-        QCOMPARE(help->text(), QStringLiteral("Close"));
-        QVERIFY(text->isVisible());
-        QVERIFY(!text->toPlainText().isEmpty());
-        QVERIFY(screen.sizeHint().height() > height);
-        QTest::mouseClick(help, Qt::LeftButton);
-        QCOMPARE(help->text(), QStringLiteral("Help"));
-        QVERIFY(!text->isVisible());
     }
 
     void addremovecashDepositsThroughTheScreen() {

@@ -195,7 +195,7 @@ private Q_SLOTS:
         Screens& screens = m_program->module<Screens>();
         screens.show(QStringLiteral("equitymanager"));
         screens.show(QStringLiteral("equitymanager"));
-        QCOMPARE(childNames(frame), QStringList{"equitymanager"});
+        QCOMPARE(childNames(frame), (QStringList{"frmexplore", "equitymanager"}));
         auto* screen = frame.mdiArea()->activeSubWindow()->widget();
 
         m_prompt->answer(Answer::OK);
@@ -203,7 +203,7 @@ private Q_SLOTS:
         QCOMPARE(m_prompt->messages(),
                  QStringList{"You have either your Shareqty= 0 or the price = 0 for the stock INFY"});
         // The overview comes up in front of the equity manager.
-        QCOMPARE(childNames(frame), (QStringList{"equitymanager", "Portfolioexplorer"}));
+        QCOMPARE(childNames(frame), (QStringList{"frmexplore", "equitymanager", "Portfolioexplorer"}));
         QCOMPARE(frame.mdiArea()->activeSubWindow()->widget()->objectName(), QStringLiteral("Portfolioexplorer"));
 
         // A code that has no holding in the portfolio: the frame's company box gets the focus.

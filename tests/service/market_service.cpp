@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QLocale>
+#include <QUrl>
 #include <QUrlQuery>
 #include <algorithm>
 #include <stdexcept>
@@ -48,6 +49,21 @@ std::vector<Bar> readBars(const QString& path) {
             bars.push_back(std::move(bar));
     }
     return bars;
+}
+
+// The closes as a line in an 800 by 400 picture, the lowest at the foot.
+QByteArray closesLine(const std::vector<Bar>& bars) {
+    const auto close = [](const Bar& bar) { return bar.fields[4].toDouble(); };
+    const auto [low, high] =
+        std::minmax_element(bars.begin(), bars.end(), [&](const Bar& a, const Bar& b) { return close(a) < close(b); });
+    const double span = std::max(close(*high) - close(*low), 0.01);
+    const double step = 800.0 / double(std::max<std::size_t>(bars.size() - 1, 1));
+    QByteArray points;
+    for (std::size_t i = 0; i < bars.size(); ++i)
+        points += QByteArray::number(step * double(i), 'f', 1) + ',' +
+                  QByteArray::number(390 - 380 * (close(bars[i]) - close(*low)) / span, 'f', 1) + ' ';
+    return "<svg width=\"800\" height=\"400\"><polyline fill=\"none\" stroke=\"navy\" points=\"" + points +
+           "\"/></svg>";
 }
 
 QString stockOf(const QString& code) {
@@ -125,6 +141,7 @@ MarketService::MarketService(QString dataFolder, int port) : m_data(std::move(da
     route(QStringLiteral("/table.csv"), [this](const ServiceRequest& r) { return historyPage(r); });
     route(QStringLiteral("/d/quotes.csv"), [this](const ServiceRequest& r) { return quotes(r); });
     route(QStringLiteral("/content/historical/EQUITIES/"), [this](const ServiceRequest& r) { return dayFile(r); });
+    route(QStringLiteral("/c/"), [this](const ServiceRequest& r) { return chartPage(r); });
     m_thread = std::thread([this] { serve(); });
 }
 
@@ -160,6 +177,24 @@ std::vector<ServiceRequest> MarketService::requests() const {
 void MarketService::clearRequests() {
     const std::lock_guard lock(m_mutex);
     m_requests.clear();
+}
+
+ServiceReply MarketService::chartPage(const ServiceRequest& request) const {
+    const QStringList parts = request.path.split(QLatin1Char('/'));  // "", "c", "1y", "a", code
+    if (parts.size() != 5 || (parts[2] != QLatin1String("1y") && parts[2] != QLatin1String("5y")))
+        return {notFound()};
+    const QString symbol = QUrl::fromPercentEncoding(parts[4].toLatin1()).toUpper();
+    std::vector<Bar> bars = readBars(m_data + QStringLiteral("/history/") + symbol + QStringLiteral(".csv"));
+    if (parts[2] == QLatin1String("1y") && bars.size() > 250)
+        bars.erase(bars.begin(), bars.end() - 250);
+    if (bars.empty())
+        return {notFound()};
+    const QByteArray title = symbol.toLatin1() + ' ' + parts[2].toLatin1() + " daily closes";
+    return {httpAnswer(200, "text/html",
+                       "<html><head><title>" + title + "</title></head><body><h2>" + title + "</h2><p>" +
+                           bars.front().date.toString(Qt::ISODate).toLatin1() + " to " +
+                           bars.back().date.toString(Qt::ISODate).toLatin1() + "</p>" + closesLine(bars) +
+                           "</body></html>\n")};
 }
 
 void MarketService::serve() {

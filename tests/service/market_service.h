@@ -1,5 +1,6 @@
 // The market-data services on loopback, for tests and for trying the program by hand: the
-// history service's CSV pages, the quote service's lines and the exchange's day files, fed from
+// history service's CSV pages, the quote service's lines, the exchange's day files and the chart
+// site's pages, fed from
 // a data folder (tests/data), on an ephemeral port. Every request is recorded as it came.
 #pragma once
 
@@ -61,6 +62,9 @@ public:
     ServiceReply historyPage(const ServiceRequest& request) const;
     ServiceReply quotes(const ServiceRequest& request) const;
     ServiceReply dayFile(const ServiceRequest& request) const;
+    // The chart site's page of a stock, "/c/1y/a/<code>" or "/c/5y/a/<code>": its closes of the
+    // last year or of every day as a line, so that the navigator's web view has a page to show.
+    ServiceReply chartPage(const ServiceRequest& request) const;
 
 private:
     void serve();
