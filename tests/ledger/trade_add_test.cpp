@@ -449,13 +449,11 @@ TEST_F(TradeScreenLogicTest, CloseInNormalModeOnlyUnloads) {
     EXPECT_EQ(trade().txtshare.text, QString());
 }
 
-TEST_F(TradeScreenLogicTest, DateButtonHelpAndFormClick) {
+// The screens' test drives the date button's OK and the help: here what only the trade form
+// has, a Cancel that keeps the date and a click on the form that closes the calendar.
+TEST_F(TradeScreenLogicTest, DateCancelKeepsTheDateAndAFormClickClosesTheCalendar) {
     trade().cmddate_Click();
-    EXPECT_TRUE(trade().DatePicker1Visible);
-    EXPECT_EQ(trade().DatePicker1Value, today());
     trade().DatePicker1_OK(dateSerial(QDate(2006, 2, 17)));
-    EXPECT_FALSE(trade().DatePicker1Visible);
-    EXPECT_EQ(trade().cmddate.caption, QStringLiteral("17/Feb/2006"));
     trade().cmddate_Click();
     trade().DatePicker1_Cancel();
     EXPECT_FALSE(trade().DatePicker1Visible);
@@ -463,13 +461,6 @@ TEST_F(TradeScreenLogicTest, DateButtonHelpAndFormClick) {
     trade().cmddate_Click();
     trade().Form_Click();
     EXPECT_FALSE(trade().DatePicker1Visible);
-
-    trade().cmdhelp_Click();
-    EXPECT_TRUE(trade().helpShown);
-    EXPECT_EQ(trade().cmdhelp.caption, QStringLiteral("Close"));
-    trade().cmdhelp_Click();
-    EXPECT_FALSE(trade().helpShown);
-    EXPECT_EQ(trade().cmdhelp.caption, QStringLiteral("Help"));
 }
 
 }  // namespace

@@ -79,16 +79,6 @@ TEST_F(SettingsTest, SettingOkWritesTheRuleForAllAndTheCashForTheHolding) {
     EXPECT_EQ(unloaded, 1);
 }
 
-TEST_F(SettingsTest, SettingHelpToggles) {
-    Setting& setting = m_program.module<Setting>();
-    setting.cmdhelp_Click();
-    EXPECT_EQ(setting.cmdhelp.caption, QStringLiteral("Close"));
-    EXPECT_TRUE(setting.helpShown);
-    setting.cmdhelp_Click();
-    EXPECT_EQ(setting.cmdhelp.caption, QStringLiteral("Help"));
-    EXPECT_FALSE(setting.helpShown);
-}
-
 TEST_F(SettingsTest, WebSettingLoadsEveryTab) {
     execute(
         QStringLiteral("update users set SecondsForQuote=500, QuoteDL=1, HistoryDL=0, QUICK=1, "
