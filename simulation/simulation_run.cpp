@@ -18,7 +18,8 @@ namespace {
 
 const QString kRunPlace = QStringLiteral("(Module) Module3::Sub runsimulation");
 const QString kDailyPlace = QStringLiteral("(Module) Module3::Sub daily");
-const QString kDays = QStringLiteral("select * from simulation order by date");
+// A run reads nothing of a day but its date and close: the other columns are not read in.
+const QString kDays = QStringLiteral("select [date], [Close] from simulation order by date");
 
 // The simulated investor starts with about this much in stock, and as much in cash.
 constexpr double kStartingStock = 50000;
