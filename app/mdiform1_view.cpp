@@ -265,15 +265,15 @@ void MDIForm1View::connectMenu() {
     connect(action(QStringLiteral("mnunavigator")), &QAction::triggered, this, [this] { showNavigator(true); });
     connect(action(QStringLiteral("mnuhistory")), &QAction::triggered, this, [this] {
         const HistoricalData history = historicalData(m_program);
-        showChild(new ReportView(QStringLiteral("frmhistorydata"),
-                                 QStringLiteral("Historical Data of ") + historySymbol(m_program.frame()), history.note,
-                                 HistoricalData::kHeadings, history.rows));
+        showReport(new ReportView(QStringLiteral("frmhistorydata"),
+                                  QStringLiteral("Historical Data of ") + historySymbol(m_program.frame()),
+                                  history.note, HistoricalData::kHeadings, history.rows));
     });
     connect(action(QStringLiteral("mnubank")), &QAction::triggered, this, [this] {
         const MainFrame& frame = m_program.frame();
         const BankStatement bank =
             bankStatement(m_program.store().database(), frame.cmbportfolio.text, frame.equitySymbol());
-        showChild(new ReportView(
+        showReport(new ReportView(
             QStringLiteral("frmbank"),
             QStringLiteral("Bank of ") + frame.equitySymbol() + QStringLiteral(" in ") + frame.cmbportfolio.text,
             QStringLiteral("Cash movements of %1 in %2, oldest first")
@@ -345,16 +345,29 @@ void MDIForm1View::connectMenu() {
         });
 }
 
+QMdiSubWindow* MDIForm1View::openChild(const QString& name) const {
+    for (QMdiSubWindow* sub : m_mdi->subWindowList())
+        if (sub->widget() && sub->widget()->objectName() == name)
+            return sub;
+    return nullptr;
+}
+
 QWidget* MDIForm1View::showSingleChild(const QString& name, const std::function<QWidget*()>& make) {
-    for (QMdiSubWindow* sub : m_mdi->subWindowList()) {
-        if (sub->widget() && sub->widget()->objectName() == name) {
-            m_mdi->setActiveSubWindow(sub);
-            return sub->widget();
-        }
+    if (QMdiSubWindow* sub = openChild(name)) {
+        m_mdi->setActiveSubWindow(sub);
+        return sub->widget();
     }
     QWidget* screen = make();
     showChild(screen);
     return screen;
+}
+
+void MDIForm1View::showReport(QWidget* report) {
+    if (QMdiSubWindow* earlier = openChild(report->objectName())) {
+        m_mdi->removeSubWindow(earlier);
+        earlier->deleteLater();
+    }
+    showChild(report);
 }
 
 void MDIForm1View::showChild(QWidget* screen) {

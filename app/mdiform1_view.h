@@ -35,6 +35,8 @@ public:
     void showChild(QWidget* screen);
     // A screen that is one window: an open one comes to the front, else make() gives a new one.
     QWidget* showSingleChild(const QString& name, const std::function<QWidget*()>& make);
+    // A report of the stock in work: one opened again takes the place of the earlier window.
+    void showReport(QWidget* report);
     QAction* action(const QString& name) const { return m_actions.value(name); }
     // The navigator frmexplore at the left of the child area, shown or hidden.
     void showNavigator(bool visible);
@@ -47,6 +49,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // The child window that holds the screen of that name, if one is open.
+    QMdiSubWindow* openChild(const QString& name) const;
     void buildMenus();
     void addMenuItems(QWidget* menu, const QList<MenuItem>& items);
     void buildCoolBar();

@@ -73,6 +73,8 @@ private Q_SLOTS:
         screen = opened(frame, "mnuhistory", "frmhistorydata");
         QCOMPARE(screen->findChild<QTableWidget*>()->rowCount(), 0);
         QCOMPARE(screen->findChild<QLabel*>()->text(), QStringLiteral("No history is loaded for NONE."));
+        // Opened again, the report takes the place of its earlier window.
+        QCOMPARE(frame.findChildren<QWidget*>(QStringLiteral("frmhistorydata")), QList<QWidget*>{screen});
     }
 
     void bankListsTheCashAndTheTradesOfTheHoldingWithTheirSigns() {
