@@ -124,16 +124,6 @@ TEST_P(TradeRefusalTest, ShowsItsMessageAndWritesNothing) {
 INSTANTIATE_TEST_SUITE_P(Checks, TradeRefusalTest, ::testing::ValuesIn(kRefusals),
                          [](const auto& param) { return std::string(param.param.name); });
 
-TEST_F(TradeScreenLogicTest, LessCashQuestionHasItsTitleAndButtons) {
-    openHolding();
-    fill(QStringLiteral("50"), QStringLiteral("100"), QStringLiteral("1"));
-    m_prompt.answer(Answer::No);
-    trade().cmdadd_Click();
-    ASSERT_EQ(m_prompt.asked().size(), 1);
-    EXPECT_EQ(m_prompt.asked().at(0).title, Trade::kLessCashTitle);
-    EXPECT_EQ(m_prompt.asked().at(0).buttons, Buttons::YesNo);
-}
-
 // Only the exact texts "0" and "0.00" are refused: these pass.
 TEST_F(TradeScreenLogicTest, KeptZeroWrittenOtherwisePassesTheZeroTest) {
     for (const auto& [share, commission] : {std::pair{"0.0", "1"}, std::pair{"2", "0"}}) {
@@ -169,6 +159,8 @@ TEST_F(TradeScreenLogicTest, KeptDepositIsOfferedAndTheBuyGoesOnBelowZero) {
     trade().cmdadd_Click();
 
     EXPECT_EQ(m_prompt.messages(), (QStringList{kLessCash, AddRemoveCash::kSure}));
+    EXPECT_EQ(m_prompt.asked().at(0).title, Trade::kLessCashTitle);
+    EXPECT_EQ(m_prompt.asked().at(0).buttons, Buttons::YesNo);
     EXPECT_EQ(screens.shown(), QStringList{QStringLiteral("addremovecash")});
     EXPECT_EQ(buttonCaption, QStringLiteral("Deposit Cash"));
     EXPECT_EQ(formCaption, QStringLiteral("Deposit Cash "));
