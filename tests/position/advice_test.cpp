@@ -31,6 +31,13 @@ HoldingRow at(double price, double cash = 5000, std::optional<double> portContro
     return row;
 }
 
+// A holding at 120 in the portfolio named.
+HoldingRow in(const QString& portfolio) {
+    HoldingRow row;
+    row.portfolio = portfolio;
+    return row;
+}
+
 RuleSettings rule(double minTradeSell, double minTradeBuy = 1000, double minSellSh = 1, double minBuySh = 1,
                   double resistSell = 10) {
     return {minTradeSell, minTradeBuy, minSellSh, minBuySh, resistSell, 10};
@@ -38,8 +45,7 @@ RuleSettings rule(double minTradeSell, double minTradeBuy = 1000, double minSell
 
 const AdviceCase kCases[] = {
     {"price 120 holds", at(120), {}, "", "", "HOLD", "122.22", "8", "81.82", "12", "1000", ""},
-    {"a portfolio named with an apostrophe", {.portfolio = QStringLiteral("Kumar's")}, {}, "", "", "HOLD", "122.22",
-     "8", "81.82", "12", "1000", ""},
+    {"portfolio Kumar's", in(QStringLiteral("Kumar's")), {}, "", "", "HOLD", "122.22", "8", "81.82", "12", "1000", ""},
     {"KeptSaleAmountOfUnroundedShares", at(140), {}, "19000", "5000", "SELL", "140", "19", "81.82", "12", "2600", ""},
     {"KeptVealieReadsTheBoxesAndChangesNothing",
      at(140),
