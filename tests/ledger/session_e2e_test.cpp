@@ -14,6 +14,7 @@
 #include "position/setting.h"
 #include "runtime/vbdate.h"
 #include "store/database.h"
+#include "tests/ledger/wizard_rows.h"
 #include "tests/support/program_test.h"
 
 namespace ostravel {
@@ -34,17 +35,6 @@ protected:
     EquityManager& em() { return m_program.module<EquityManager>(); }
     EquityManagerActions& equitymanager() { return m_program.module<EquityManagerActions>(); }
 
-    // The rows of a query, every column as text.
-    QList<QStringList> rows(const QString& sql) {
-        auto rs = db().openRecordset(sql);
-        QList<QStringList> all;
-        for (; !rs->eof(); rs->moveNext()) {
-            QStringList cells;
-            for (int i = 0; i < rs->fieldCount(); ++i) cells << rs->field(i).toString();
-            all << cells;
-        }
-        return all;
-    }
     double holding(const char* column) {
         return db()
             .openRecordset(QStringLiteral("select ") + QString::fromLatin1(column) +
@@ -136,15 +126,14 @@ TEST_F(SessionTest, FromAnEmptyFolderToARecalculatedHolding) {
     EXPECT_EQ(shown(), (QStringList{"Newholding", "trade", "setting", "trade", "trade"}));
 
     // The rows of the store.
-    EXPECT_EQ(rows(QStringLiteral("select PortfolioName, PortStartDate from portfolio")),
-              (QList<QStringList>{{kPortfolio, todayText}}));
-    EXPECT_EQ(rows(QStringLiteral("select Buyselltype, Tradedshares, PricePerShare, Commission, portname, "
-                                  "EquitySymbol from trades order by pktradeid")),
-              (QList<QStringList>{{"Buy", "100", "100", "50", "Growth", "INFY"},
-                                  {"Buy", "10", "80", "8", "Growth", "INFY"},
-                                  {"Sell", "-30", "125", "12", "Growth", "INFY"}}));
-    EXPECT_EQ(rows(QStringLiteral("select count(*) from trades t join equity e on t.fkequityid = e.pkEquityID")),
-              QList<QStringList>{{"3"}});
+    EXPECT_EQ(tableRows(db(), QStringLiteral("select PortfolioName, PortStartDate from portfolio")),
+              QStringList{kPortfolio + QLatin1Char('|') + todayText});
+    EXPECT_EQ(tableRows(db(), QStringLiteral("select Buyselltype, Tradedshares, PricePerShare, Commission, portname, "
+                                             "EquitySymbol from trades order by pktradeid")),
+              (QStringList{"Buy|100|100|50|Growth|INFY", "Buy|10|80|8|Growth|INFY", "Sell|-30|125|12|Growth|INFY"}));
+    EXPECT_EQ(
+        tableRows(db(), QStringLiteral("select count(*) from trades t join equity e on t.fkequityid = e.pkEquityID")),
+        QStringList{"3"});
     const struct {
         const char* column;
         double value;
