@@ -126,8 +126,9 @@ private Q_SLOTS:
         QCOMPARE(text(screen, "txtcashper"), QStringLiteral("25%"));
     }
 
-    // The sampling's days back are the state's: the screen shows its dates and passes the choice.
-    void combo1MovesTheBeginDate() {
+    // The sampling's days back are the state's: the screen shows its dates and passes the choice
+    // and a date picked.
+    void combo1AndTheDatesReachTheState() {
         EquityManagerForm screen(*m_program);
         auto* begin = screen.findChild<QDateEdit*>(QStringLiteral("dtbdate"));
         auto* end = screen.findChild<QDateEdit*>(QStringLiteral("dtedate"));
@@ -140,12 +141,9 @@ private Q_SLOTS:
 
         QCOMPARE(begin->date(), end->date().addDays(-730));
         QCOMPARE(m_program->module<EquityManager>().dtbdate, dateSerial(begin->date()));
-    }
-
-    void aPickedDateReachesTheState() {
-        EquityManagerForm screen(*m_program);
+        // A date picked reaches the state.
         const QDate picked(2021, 3, 4);
-        screen.findChild<QDateEdit*>(QStringLiteral("dtedate"))->setDate(picked);
+        end->setDate(picked);
         QCOMPARE(m_program->module<EquityManager>().dtedate, dateSerial(picked));
     }
 
