@@ -263,7 +263,6 @@ private Q_SLOTS:
         };
         for (const Case& c : {Case{"createnewport", "Create"}, Case{"AddNewEquity", "Newholding"}}) {
             QAction* action = frame.action(QString::fromLatin1(c.action));
-            QVERIFY2(action->isEnabled(), c.action);
             const QString shown = test::modalDialogOf([&] { action->trigger(); });
             QCOMPARE(shown, QString::fromLatin1(c.screen));
         }
@@ -282,7 +281,6 @@ private Q_SLOTS:
         PortfolioExplorerForm overview(*m_program);
         for (const char* name : {"cmdadd", "cmdcreate"}) {
             auto* button = child(overview, name);
-            QVERIFY2(button->isEnabled(), name);
             const QString shown = test::modalDialogOf([&] { button->click(); });
             QCOMPARE(shown, QString::fromLatin1(name) == QLatin1String("cmdadd") ? QStringLiteral("Newholding")
                                                                                  : QStringLiteral("Create"));

@@ -244,11 +244,7 @@ protected:
         addKeyedHolding(db(), {"Value", "INFY", "2024-02-01"});
         openFrame();
     }
-    QStringList headings() const {
-        QStringList texts;
-        for (int c = 0; c < m_manager.MSFlexGrid1.cols(); ++c) texts << m_manager.MSFlexGrid1.textMatrix(0, c);
-        return texts;
-    }
+    // A row of the grid's texts; row 0 holds the headings.
     QStringList gridRow(int row) const {
         QStringList texts;
         for (int c = 0; c < m_manager.MSFlexGrid1.cols(); ++c) texts << m_manager.MSFlexGrid1.textMatrix(row, c);
@@ -261,7 +257,7 @@ TEST_F(PortfolioManagerTest, KeptLoadAndChoiceFillTheGridUnderTheirOwnHeadings) 
     m_manager.load();
     EXPECT_EQ(m_manager.Combo1.items, (QStringList{"Growth", "Value"}));
     EXPECT_EQ(m_manager.Combo1.text, QStringLiteral("Growth"));
-    EXPECT_EQ(headings().last(), QStringLiteral("Equity Start Date"));
+    EXPECT_EQ(gridRow(0).last(), QStringLiteral("Equity Start Date"));
     EXPECT_EQ(m_manager.MSFlexGrid1.colWidth(6), 1200);
     EXPECT_EQ(m_manager.MSFlexGrid1.colWidth(7), 1500);
     EXPECT_EQ(gridRow(1), (QStringList{"1", "INFY", "100", "10", "1000", "120", "12.5", "02/01/2024"}));
@@ -272,7 +268,7 @@ TEST_F(PortfolioManagerTest, KeptLoadAndChoiceFillTheGridUnderTheirOwnHeadings) 
 
     m_manager.Combo1.text = QStringLiteral("Value");
     m_manager.Combo1_Click();
-    EXPECT_EQ(headings(), (QStringList{"Nos", "Symbol", "Initial Price", "Initial shares", "Initial cash",
+    EXPECT_EQ(gridRow(0), (QStringList{"Nos", "Symbol", "Initial Price", "Initial shares", "Initial cash",
                                        "Current Price", "Cost Per share", "Traded Date"}));
     EXPECT_EQ(m_manager.MSFlexGrid1.colWidth(7), 1200);
     EXPECT_EQ(m_manager.MSFlexGrid1.rows(), 2);

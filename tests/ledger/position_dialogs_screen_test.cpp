@@ -29,6 +29,13 @@ QStringList labelTexts(const QWidget& dialog) {
     return texts;
 }
 
+// Types the text into the dialog's box over what it held.
+void typeInto(QWidget& dialog, const char* box, const char* text) {
+    auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(box));
+    edit->clear();
+    QTest::keyClicks(edit, QString::fromUtf8(text));
+}
+
 }  // namespace
 
 class PositionDialogsScreenTest : public test::ProgramScreenTest {
@@ -85,19 +92,14 @@ private Q_SLOTS:
     void settingOkWritesTheRuleForAllHoldingsAndCloses() {
         SettingForm dialog(*m_program);
         dialog.show();
-        auto type = [&](const char* box, const char* text) {
-            auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(box));
-            edit->clear();
-            QTest::keyClicks(edit, QString::fromUtf8(text));
-        };
         // The boxes open empty, and an empty one can't go to a number column: all are filled.
-        type("txtmsell", "1500");
-        type("txtmbuy", "2500");
-        type("txtmtbuy", "2");
-        type("txtmtsell", "3");
-        type("txtbuyres", "12");
-        type("txtsellres", "11");
-        type("txtbcash", "750");
+        typeInto(dialog, "txtmsell", "1500");
+        typeInto(dialog, "txtmbuy", "2500");
+        typeInto(dialog, "txtmtbuy", "2");
+        typeInto(dialog, "txtmtsell", "3");
+        typeInto(dialog, "txtbuyres", "12");
+        typeInto(dialog, "txtsellres", "11");
+        typeInto(dialog, "txtbcash", "750");
         dialog.findChild<QPushButton*>(QStringLiteral("cmdok"))->click();
         QVERIFY(!dialog.isVisible());
         Recordset& users = *m_program->store().users;
@@ -161,15 +163,10 @@ private Q_SLOTS:
         for (const Case& c : cases) {
             WebSettingForm dialog(*m_program);
             dialog.show();
-            auto type = [&](const char* box, const char* text) {
-                auto* edit = dialog.findChild<QLineEdit*>(QString::fromLatin1(box));
-                edit->clear();
-                QTest::keyClicks(edit, QString::fromUtf8(text));
-            };
-            type("txtmbuy", "2000");
-            type("txtfeebuy", "0.5");
-            type("txtbuyres", "7");
-            type("txtsellres", "9");
+            typeInto(dialog, "txtmbuy", "2000");
+            typeInto(dialog, "txtfeebuy", "0.5");
+            typeInto(dialog, "txtbuyres", "7");
+            typeInto(dialog, "txtsellres", "9");
             // The new users row has no SecondsForQuote, and OK can't write an empty one.
             dialog.findChild<QComboBox*>(QStringLiteral("Combo3"))->setCurrentText(QStringLiteral("30"));
             dialog.findChild<QPushButton*>(QString::fromLatin1(c.button))->click();

@@ -14,6 +14,7 @@
 #include "position/setting.h"
 #include "runtime/vbdate.h"
 #include "store/database.h"
+#include "tests/ledger/wizard_rows.h"
 #include "tests/support/program_test.h"
 
 namespace ostravel {
@@ -34,25 +35,6 @@ protected:
     EquityManager& em() { return m_program.module<EquityManager>(); }
     EquityManagerActions& equitymanager() { return m_program.module<EquityManagerActions>(); }
 
-    // One row of a query, every column as text.
-    QStringList row(const QString& sql) {
-        auto rs = db().openRecordset(sql);
-        QStringList cells;
-        if (rs->eof())
-            return cells;
-        for (int i = 0; i < rs->fieldCount(); ++i) cells << rs->field(i).toString();
-        return cells;
-    }
-    QList<QStringList> rows(const QString& sql) {
-        auto rs = db().openRecordset(sql);
-        QList<QStringList> all;
-        for (; !rs->eof(); rs->moveNext()) {
-            QStringList cells;
-            for (int i = 0; i < rs->fieldCount(); ++i) cells << rs->field(i).toString();
-            all << cells;
-        }
-        return all;
-    }
     double holding(const char* column) {
         return db()
             .openRecordset(QStringLiteral("select ") + QString::fromLatin1(column) +
@@ -144,15 +126,14 @@ TEST_F(SessionTest, FromAnEmptyFolderToARecalculatedHolding) {
     EXPECT_EQ(shown(), (QStringList{"Newholding", "trade", "setting", "trade", "trade"}));
 
     // The rows of the store.
-    EXPECT_EQ(row(QStringLiteral("select PortfolioName, PortStartDate from portfolio")),
-              (QStringList{kPortfolio, todayText}));
-    EXPECT_EQ(rows(QStringLiteral("select Buyselltype, Tradedshares, PricePerShare, Commission, portname, "
-                                  "EquitySymbol from trades order by pktradeid")),
-              (QList<QStringList>{{"Buy", "100", "100", "50", "Growth", "INFY"},
-                                  {"Buy", "10", "80", "8", "Growth", "INFY"},
-                                  {"Sell", "-30", "125", "12", "Growth", "INFY"}}));
-    EXPECT_EQ(row(QStringLiteral("select count(*) from trades t join equity e on t.fkequityid = e.pkEquityID")),
-              QStringList{"3"});
+    EXPECT_EQ(tableRows(db(), QStringLiteral("select PortfolioName, PortStartDate from portfolio")),
+              QStringList{kPortfolio + QLatin1Char('|') + todayText});
+    EXPECT_EQ(tableRows(db(), QStringLiteral("select Buyselltype, Tradedshares, PricePerShare, Commission, portname, "
+                                             "EquitySymbol from trades order by pktradeid")),
+              (QStringList{"Buy|100|100|50|Growth|INFY", "Buy|10|80|8|Growth|INFY", "Sell|-30|125|12|Growth|INFY"}));
+    EXPECT_EQ(
+        tableRows(db(), QStringLiteral("select count(*) from trades t join equity e on t.fkequityid = e.pkEquityID")),
+        QStringList{"3"});
     const struct {
         const char* column;
         double value;

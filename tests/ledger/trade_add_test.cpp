@@ -39,8 +39,7 @@ protected:
 
 struct RefusalCase {
     const char* name;
-    bool setting;
-    bool withTrades;
+    bool setting;  // a setting trade, on a holding without trades; else a trade on the opened holding
     const char* share;
     const char* price;
     const char* commission;
@@ -58,48 +57,27 @@ void PrintTo(const RefusalCase& c, std::ostream* out) {
 
 const QString kLessCash = QStringLiteral(
     "You have only Rs.1000 do not have enough cash with you, Do you want to add more cash to your Equity Account");
+const QString kTooFew = QStringLiteral("You Do not have 20 Shares To sell");
 
 const RefusalCase kRefusals[] = {
-    {"EmptyPrice", false, true, "5", "", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "5"},
-    {"EmptyShares", false, true, "", "100", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", ""},
-    {"EmptyCommission", false, true, "5", "100", "", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "5"},
-    {"EmptyBeforeZero", false, true, "0", "", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "0"},
-    {"ZeroPrice", false, true, "5", "0", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
-    {"ZeroShares", false, true, "0", "100", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "0"},
-    {"ZeroCommission", false, true, "5", "100", "0.00", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
-    {"SettingSellWithoutTrades",
-     true,
-     false,
-     "5",
-     "100",
-     "1",
-     1,
-     {},
-     {Trade::kNothingToSell},
-     Icon::Information,
-     "cmbmethod",
-     "5"},
-    {"BuyBeyondCashDeclined", false, true, "50", "100", "1", 0, {Answer::No}, {kLessCash}, Icon::None, "txtshare", ""},
-    {"SellBeyondShares",
-     false,
-     true,
-     "20",
-     "100",
-     "1",
-     1,
-     {},
-     {QStringLiteral("You Do not have 20 Shares To sell")},
-     Icon::Critical,
-     "txtshare",
-     ""},
+    {"EmptyPrice", false, "5", "", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "5"},
+    {"EmptyShares", false, "", "100", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", ""},
+    {"EmptyCommission", false, "5", "100", "", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "5"},
+    {"EmptyBeforeZero", false, "0", "", "1", 0, {}, {Trade::kEmptyField}, Icon::None, "txtprice", "0"},
+    {"ZeroPrice", false, "5", "0", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
+    {"ZeroShares", false, "0", "100", "1", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "0"},
+    {"ZeroCommission", false, "5", "100", "0.00", 0, {}, {Trade::kNullField}, Icon::None, "txtprice", "5"},
+    {"SettingSellNoTrades", true, "5", "100", "1", 1, {}, {Trade::kNothingToSell}, Icon::Information, "cmbmethod", "5"},
+    {"BuyBeyondCashDeclined", false, "50", "100", "1", 0, {Answer::No}, {kLessCash}, Icon::None, "txtshare", ""},
+    {"SellBeyondShares", false, "20", "100", "1", 1, {}, {kTooFew}, Icon::Critical, "txtshare", ""},
 };
 
 class TradeRefusalTest : public TradeScreenLogicTest, public ::testing::WithParamInterface<RefusalCase> {};
 
 TEST_P(TradeRefusalTest, ShowsItsMessageAndWritesNothing) {
     const RefusalCase& c = GetParam();
-    m_rows.addHolding(kInfy, kGrowth, c.withTrades ? kOpened : Ledger{});
-    if (c.withTrades)
+    m_rows.addHolding(kInfy, kGrowth, c.setting ? Ledger{} : kOpened);
+    if (!c.setting)
         m_rows.addTrade(kInfy, kGrowth, 10, 100, 12.5, QStringLiteral("Buy"));
     select(kInfy);
     const Ledger before = m_rows.ledger(kInfy, kGrowth);
@@ -114,7 +92,7 @@ TEST_P(TradeRefusalTest, ShowsItsMessageAndWritesNothing) {
     EXPECT_EQ(trade().focus, QString::fromLatin1(c.focus));
     EXPECT_EQ(trade().txtshare.text, QString::fromLatin1(c.shareAfter));
     EXPECT_TRUE(trade().cmdadd.enabled);
-    EXPECT_EQ(m_rows.tradeCount(kInfy, kGrowth), c.withTrades ? 1 : 0);
+    EXPECT_EQ(m_rows.tradeCount(kInfy, kGrowth), c.setting ? 0 : 1);
     const Ledger after = m_rows.ledger(kInfy, kGrowth);
     EXPECT_EQ(after.CurrentCash, before.CurrentCash);
     EXPECT_EQ(after.CurrentShares, before.CurrentShares);
@@ -123,16 +101,6 @@ TEST_P(TradeRefusalTest, ShowsItsMessageAndWritesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Checks, TradeRefusalTest, ::testing::ValuesIn(kRefusals),
                          [](const auto& param) { return std::string(param.param.name); });
-
-TEST_F(TradeScreenLogicTest, LessCashQuestionHasItsTitleAndButtons) {
-    openHolding();
-    fill(QStringLiteral("50"), QStringLiteral("100"), QStringLiteral("1"));
-    m_prompt.answer(Answer::No);
-    trade().cmdadd_Click();
-    ASSERT_EQ(m_prompt.asked().size(), 1);
-    EXPECT_EQ(m_prompt.asked().at(0).title, Trade::kLessCashTitle);
-    EXPECT_EQ(m_prompt.asked().at(0).buttons, Buttons::YesNo);
-}
 
 // Only the exact texts "0" and "0.00" are refused: these pass.
 TEST_F(TradeScreenLogicTest, KeptZeroWrittenOtherwisePassesTheZeroTest) {
@@ -169,6 +137,8 @@ TEST_F(TradeScreenLogicTest, KeptDepositIsOfferedAndTheBuyGoesOnBelowZero) {
     trade().cmdadd_Click();
 
     EXPECT_EQ(m_prompt.messages(), (QStringList{kLessCash, AddRemoveCash::kSure}));
+    EXPECT_EQ(m_prompt.asked().at(0).title, Trade::kLessCashTitle);
+    EXPECT_EQ(m_prompt.asked().at(0).buttons, Buttons::YesNo);
     EXPECT_EQ(screens.shown(), QStringList{QStringLiteral("addremovecash")});
     EXPECT_EQ(buttonCaption, QStringLiteral("Deposit Cash"));
     EXPECT_EQ(formCaption, QStringLiteral("Deposit Cash "));

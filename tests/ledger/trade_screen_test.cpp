@@ -40,14 +40,10 @@ T* child(QWidget& screen, const char* name) {
 class TradeScreensTest : public test::ProgramScreenTest {
     Q_OBJECT
 private:
+    double scalar(const QString& sql) { return test::scalar(m_program->store().database(), sql).toDouble(); }
     double column(const QString& name) {
-        return m_program->store()
-            .database()
-            .openRecordset(QStringLiteral("select ") + name + QStringLiteral(" from equity where EquitySymbol='INFY'"))
-            ->field(0)
-            .toDouble();
+        return scalar(QStringLiteral("select ") + name + QStringLiteral(" from equity where EquitySymbol='INFY'"));
     }
-    double scalar(const QString& sql) { return m_program->store().database().openRecordset(sql)->field(0).toDouble(); }
 
 private Q_SLOTS:
     void init() {

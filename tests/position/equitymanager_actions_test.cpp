@@ -58,6 +58,11 @@ TEST_P(FormActivateTest, OffersTheWayToAHoldingOnlyWhenThereIsNone) {
     actions().Form_Activate();
 
     EXPECT_EQ(m_prompt.messages(), c.questions);
+    for (const Asked& asked : m_prompt.asked()) {
+        const bool noEquity = asked.text == kNoEquity;
+        EXPECT_EQ(asked.title, noEquity ? QStringLiteral("No Equity Exist") : QStringLiteral("Add PortFolio"));
+        EXPECT_EQ(asked.buttons, noEquity ? Buttons::YesNo : Buttons::OKCancel);
+    }
     EXPECT_TRUE(m_prompt.allAnswered());
     EXPECT_EQ(shown(), c.screens);
     // Newholding opens on its option "New holding".
@@ -85,18 +90,6 @@ INSTANTIATE_TEST_SUITE_P(
             "NoPortfolioCancel", false, false, "Growth", {Answer::Yes, Answer::Cancel}, {kNoEquity, kNoPortfolio}, {}},
         ActivateCase{"PortfolioNewholding", false, true, "Growth", {Answer::Yes}, {kNoEquity}, {"Newholding"}}),
     caseName<ActivateCase>);
-
-TEST_F(EquityManagerActionsTest, FormActivateAsksWithItsTitlesAndButtons) {
-    m_prompt.answer(Answer::Yes);
-    m_prompt.answer(Answer::OK);
-    m_program.frame().cmbportfolio.text = QStringLiteral("Growth");
-    actions().Form_Activate();
-    ASSERT_EQ(m_prompt.asked().size(), 2);
-    EXPECT_EQ(m_prompt.asked()[0].title, QStringLiteral("No Equity Exist"));
-    EXPECT_EQ(m_prompt.asked()[0].buttons, Buttons::YesNo);
-    EXPECT_EQ(m_prompt.asked()[1].title, QStringLiteral("Add PortFolio"));
-    EXPECT_EQ(m_prompt.asked()[1].buttons, Buttons::OKCancel);
-}
 
 TEST_F(EquityManagerActionsTest, RecalculateAdvisesAndNamesTheCompany) {
     const HoldingRow row;
@@ -185,20 +178,6 @@ INSTANTIATE_TEST_SUITE_P(Portfolios, WhatIfTest,
                                            WhatIfCase{"PortfolioAt75", "Growth", "75", true, "BUY", "75"},
                                            WhatIfCase{"PortfolioCancelled", "Growth", std::nullopt, true, "", "0"}),
                          caseName<WhatIfCase>);
-
-TEST_F(EquityManagerActionsTest, AWhatIfPriceIsForgottenByTheNextRecalculate) {
-    const HoldingRow row;
-    addHolding(row);
-    select(row);
-    m_prompt.answerText(QStringLiteral("75"));
-    actions().cmdwhatif_Click();
-    ASSERT_EQ(em().lbladvise.caption, QStringLiteral("BUY"));
-
-    actions().Command5_Click();
-
-    EXPECT_EQ(em().lbladvise.caption, QStringLiteral("HOLD"));
-    EXPECT_EQ(stored(row, QStringLiteral("nextbuyprice")), QStringLiteral("81.82"));
-}
 
 struct AddTradeCase {
     const char* name;
