@@ -261,7 +261,7 @@ TEST_F(SimulationRunTest, KeptNarrativeWordsWhicheverWayTheFiguresGo) {
 }
 
 // The trades of DaysOfARun of the rule's own tests: a sale of 65 at 130, a purchase of 146 at 80.
-TEST_F(SimulationRunTest, FiguresOfBothInvestorsAfterARun) {
+TEST_F(SimulationRunTest, FiguresOfBothInvestorsAndTheTradeHistoryAfterARun) {
     days({100, 130, 80, 90, 90});
     period(day(1), kLongAfter);
     run();
@@ -291,12 +291,8 @@ TEST_F(SimulationRunTest, FiguresOfBothInvestorsAfterARun) {
         wealthCsv(*m).startsWith("Date,Buy and Hold,Ostravel,Shares traded,Price\n"
                                  "2021-01-01,100000.00,100000.00,,\n"
                                  "2021-01-02,130000.00,115000.00,-65,130\n"));
-}
 
-TEST_F(SimulationRunTest, TradeHistoryShowsTheRunUnderSimulation) {
-    days({100, 130, 80, 90, 90});
-    period(day(1), kLongAfter);
-    run();
+    // The trade history shows the run under Simulation.
     m_program.frame().cmbportfolio.text = MainFrame::kSimulation;
     FrmTradeHistory& view = m_program.module<FrmTradeHistory>();
     view.load();
