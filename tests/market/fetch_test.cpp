@@ -49,7 +49,7 @@ TEST_F(FetchTest, SendsTheRequestLinesAndCutsTheSchemeInPlace) {
     }
 }
 
-TEST_F(FetchTest, ReturnsTheAnswerRawAndPassesItsCaptionsInOrderWaitingForSecondsForQuote) {
+TEST_F(FetchTest, ReturnsTheAnswerRawAndPassesItsCaptionsInOrder) {
     setSecondsForQuote(1);
     const QByteArray answer = fetch(QStringLiteral(
         "http://127.0.0.1/table.csv?s=RELIANCE.NS&a=0&b=1&c=2023&d=0&e=16&f=2023&g=d&z=66&y=0&ignore=.csv"));
@@ -57,10 +57,9 @@ TEST_F(FetchTest, ReturnsTheAnswerRawAndPassesItsCaptionsInOrderWaitingForSecond
     EXPECT_TRUE(answer.contains("\r\n\r\nDate,Open,High,Low,Close,Volume,Adj Close\n2023-01-16,"));
     EXPECT_EQ(m_captions.mid(0, 3), QStringList({kConnecting, kSendingRequest, kWaiting + "...1"}));
     EXPECT_EQ(m_captions.back(), kReady);
+}
 
-    // SecondsForQuote 0 reads at once, with no wait shown.
-    setSecondsForQuote(0);
-    m_captions.clear();
+TEST_F(FetchTest, SecondsForQuoteZeroReadsAtOnceWithNoWaitShown) {
     EXPECT_FALSE(fetch(QStringLiteral("127.0.0.1/table.csv?s=RELIANCE.NS&c=1996&f=2023")).isEmpty());
     EXPECT_EQ(m_captions, QStringList({kConnecting, kSendingRequest, kReady}));
 }
