@@ -64,11 +64,8 @@ TEST(He3Packing, CodesOnlyTheCountGiven) {
     EXPECT_EQ(bytes, packed("aab"));
 }
 
-TEST(He3Unpacking, GivesNothingForAPlainLengthOfZero) {
+TEST(He3Unpacking, GivesThePlainLengthAndNoMore) {
     EXPECT_EQ(unpacked(bytesOf({72, 69, 51, 13, 0x55, 0, 0, 0, 0})), QByteArray());
-}
-
-TEST(He3Unpacking, IgnoresBytesBehindThePlainLength) {
     EXPECT_EQ(unpacked(packed("aab") + "trailing"), QByteArray("aab"));
 }
 
