@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(MainFrameTest, EmptyDatabaseOpensWithSimulationAlone) {
+TEST_F(MainFrameTest, EmptyDatabaseOpensWithSimulationAloneAndPortfoliosFollowIt) {
     frame().MDIForm_Load();
     EXPECT_EQ(frame().cmbportfolio.items, QStringList{QStringLiteral("Simulation")});
     EXPECT_EQ(frame().cmbportfolio.text, QStringLiteral("Simulation"));
@@ -33,9 +33,8 @@ TEST_F(MainFrameTest, EmptyDatabaseOpensWithSimulationAlone) {
     EXPECT_TRUE(frame().cmbequity.endsWith(QStringLiteral(".NS")));
     EXPECT_EQ(frame().caption, frame().Cmbequityname.text);
     EXPECT_TRUE(m_prompt.asked().isEmpty());
-}
 
-TEST_F(MainFrameTest, PortfoliosFollowSimulationInTableOrder) {
+    // Portfolios follow Simulation in the table's order.
     addPortfolio(QStringLiteral("Zeta"));
     addPortfolio(QStringLiteral("Alpha's"));
     store().connection();

@@ -27,21 +27,16 @@ protected:
     ErrorReporter m_reporter{m_prompt, [this] { ++m_ended; }};
 };
 
-TEST(ComposeErrorText, HoldsEveryPieceInOrder) {
-    const QString expected = QStringLiteral(
-        "Error 13 in (Form) trade::Sub cmdadd_Click\n"
-        "while running ostravel.exe v1.00.0 (Build 0)\n"
-        "Error = 'Type mismatch'\n"
-        " ( Click 'OK' to continue)    ");
+TEST(ComposeErrorText, HoldsEveryPieceInOrderWithTheLineNumberWhenThereIsOne) {
     EXPECT_EQ(
         composeErrorText({13, QStringLiteral("Type mismatch"), 0}, QStringLiteral("(Form) trade::Sub cmdadd_Click")),
-        expected);
-}
-
-TEST(ComposeErrorText, AddsTheLineNumberWhenThereIsOne) {
-    const QString text = composeErrorText({11, QStringLiteral("Division by zero"), 42},
-                                          QStringLiteral("(Module) Module1::Sub getadvise"));
-    EXPECT_TRUE(text.startsWith(QStringLiteral("Error 11 in (Module) Module1::Sub getadvise (Line #: 42)\n")));
+        QStringLiteral("Error 13 in (Form) trade::Sub cmdadd_Click\n"
+                       "while running ostravel.exe v1.00.0 (Build 0)\n"
+                       "Error = 'Type mismatch'\n"
+                       " ( Click 'OK' to continue)    "));
+    EXPECT_TRUE(composeErrorText({11, QStringLiteral("Division by zero"), 42},
+                                 QStringLiteral("(Module) Module1::Sub getadvise"))
+                    .startsWith(QStringLiteral("Error 11 in (Module) Module1::Sub getadvise (Line #: 42)\n")));
 }
 
 TEST(ErrorLogEntry, IsAnEmptyLineThenNameDateAndText) {

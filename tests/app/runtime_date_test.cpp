@@ -50,10 +50,11 @@ INSTANTIATE_TEST_SUITE_P(
                       AcceptCase{"17 february 2006", day(2006, 2, 17)}, AcceptCase{"Feb 17, 2006", day(2006, 2, 17)},
                       AcceptCase{"17/02/2006", day(2006, 2, 17)}, AcceptCase{"02/17/2006", day(2006, 2, 17)},
                       AcceptCase{"03/04/2006", day(2006, 4, 3)}, AcceptCase{"1/1/2005", day(2005, 1, 1)},
-                      AcceptCase{"2006-02-17", day(2006, 2, 17)}, AcceptCase{"2006/02/17", day(2006, 2, 17)},
-                      AcceptCase{"17.02.2006", day(2006, 2, 17)}, AcceptCase{"  17/02/2006  ", day(2006, 2, 17)},
-                      AcceptCase{"17/02/06", day(2006, 2, 17)}, AcceptCase{"17/02/29", day(2029, 2, 17)},
-                      AcceptCase{"17/02/30", day(1930, 2, 17)}, AcceptCase{"17-Feb-99", day(1999, 2, 17)},
+                      AcceptCase{"29/02/2004", day(2004, 2, 29)}, AcceptCase{"2006-02-17", day(2006, 2, 17)},
+                      AcceptCase{"2006/02/17", day(2006, 2, 17)}, AcceptCase{"17.02.2006", day(2006, 2, 17)},
+                      AcceptCase{"  17/02/2006  ", day(2006, 2, 17)}, AcceptCase{"17/02/06", day(2006, 2, 17)},
+                      AcceptCase{"17/02/29", day(2029, 2, 17)}, AcceptCase{"17/02/30", day(1930, 2, 17)},
+                      AcceptCase{"17-Feb-99", day(1999, 2, 17)},
                       AcceptCase{"17/02/2006 14:05", day(2006, 2, 17, QTime(14, 5))},
                       AcceptCase{"17/02/2006 14:05:09", day(2006, 2, 17, QTime(14, 5, 9))},
                       AcceptCase{"17/02/2006 2:05 PM", day(2006, 2, 17, QTime(14, 5))},
@@ -73,10 +74,6 @@ INSTANTIATE_TEST_SUITE_P(Texts, ParseDateRejectTest,
                          ::testing::Values("Date", "", "   ", "32/01/2006", "29/02/2005", "13/13/2006", "abc 2006",
                                            "17/Foo/2006", "17/Febr/2006", "25:00", "17/02/2006 10:61",
                                            "17/02/2006 13:00 PM", "hello", "17/02-2006", "2006", "17/02/0050"));
-
-TEST(ParseDateTest, TakesTheLeapDay) {
-    EXPECT_EQ(parseDate(QStringLiteral("29/02/2004")), dateSerial(QDate(2004, 2, 29)));
-}
 
 struct ToStringCase {
     double serial;

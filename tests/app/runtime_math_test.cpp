@@ -121,15 +121,12 @@ INSTANTIATE_TEST_SUITE_P(Ties, RoundTest,
                                            RoundCase{0.0005, 3, 0, 0.001}, RoundCase{12.5, 0, 12, 13},
                                            RoundCase{98765.5, 0, 98766, 98766}));
 
-TEST(RoundTest, LeavesValuesWithNothingToRound) {
+TEST(RoundTest, LeavesValuesWithNothingToRoundAndRefusesNegativeDigits) {
     const double sum = 0.1 + 0.2;
     EXPECT_EQ(Round(sum, 17), sum);
     EXPECT_EQ(Round(1e20 + 0.5), 1e20);
     EXPECT_DOUBLE_EQ(Round(sum, 2), 0.3);
-}
-
-TEST(RoundTest, NegativeDigitsAreAnInvalidCall) {
-    EXPECT_EQ(errorOf([] { Round(1.5, -1); }), err::InvalidProcedureCall);
+    EXPECT_EQ(errorOf([] { Round(1.5, -1); }), err::InvalidProcedureCall);  // no negative digits
 }
 
 struct FixedCase {

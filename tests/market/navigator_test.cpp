@@ -114,18 +114,18 @@ TEST_F(NavigatorTest, AnEmptySelectionGivesTheMessageAndNothingElse) {
     EXPECT_EQ(m_program.frame().panel6, QStringLiteral("before"));
 }
 
-TEST_F(NavigatorTest, AnUnsetHostIsToldAndNoPageOpens) {
+TEST_F(NavigatorTest, AnUnsetHostOrABseBoardMeetingIsToldAndNoPageOpens) {
     writeHosts({"chart="});
-    EXPECT_EQ(click(kNse, QStringLiteral("Chart 1 Year")), QString());
-    EXPECT_EQ(m_prompt.messages(),
-              QStringList{QStringLiteral(
-                  "The address of this page is not set: give the host \"chart\" under [Hosts] in hosts.ini.")});
-    EXPECT_TRUE(shown().isEmpty());
-}
-
-TEST_F(NavigatorTest, ABseBoardMeetingHasNoData) {
-    EXPECT_EQ(click(kBse, QStringLiteral("Board Meeting")), QString());
-    EXPECT_EQ(m_prompt.messages(), QStringList{QStringLiteral("No data Available")});
+    const std::tuple<QString, QString, QString> cases[] = {
+        {kNse, "Chart 1 Year",
+         "The address of this page is not set: give the host \"chart\" under [Hosts] in hosts.ini."},
+        {kBse, "Board Meeting", "No data Available"}};
+    for (const auto& [code, caption, message] : cases) {
+        m_prompt.clear();
+        EXPECT_EQ(click(code, caption), QString());
+        EXPECT_EQ(m_prompt.messages(), QStringList{message});
+        EXPECT_TRUE(shown().isEmpty());
+    }
 }
 
 TEST_F(NavigatorTest, KeptLosersLabelledLoosers) {

@@ -118,7 +118,9 @@ TEST_F(BackupRestore, KeptUnpackedCopyStaysWhenABackupRestoresEveryRow) {
     writeBytes(backupFile(), "an older backup");
     EXPECT_EQ(backUp(backups()), 1);
     EXPECT_EQ(m_source->prompt.messages(), QStringList{kBackedUp});
+    EXPECT_EQ(m_source->prompt.asked().back().icon, Icon::Information);
     EXPECT_EQ(m_source->databaseFiles(), QStringList{QStringLiteral("ostravel.mdb")});
+    EXPECT_EQ(QDir(backups()).entryList(QDir::Files | QDir::Hidden), QStringList{BackUp::kFileName});
 
     ProgramFolder fresh(m_root.filePath(QStringLiteral("fresh")));
     ASSERT_EQ(fresh.program->store().database().rowCount(QStringLiteral("trades")), 0);
@@ -300,26 +302,21 @@ struct UnchosenCase {
     const char* text;
 };
 
+// The form loaded and its command clicked with nothing chosen.
+template <class Form>
+bool actsUnchosen(Program& program, void (Form::*command)()) {
+    Form form(program);
+    form.Form_Load();
+    bool acted = false;
+    form.unload = [&] { acted = true; };
+    (form.*command)();
+    return acted || form.Label3Visible || form.ProgressBar1Visible;
+}
+
 const UnchosenCase kUnchosenCases[] = {
-    {"backup_without_folder",
-     [](Program& program) {
-         BackUp form(program);
-         form.Form_Load();
-         bool acted = false;
-         form.unload = [&] { acted = true; };
-         form.but_gen_rpt_Click();
-         return acted || form.Label3Visible || form.ProgressBar1Visible;
-     },
+    {"backup_without_folder", [](Program& program) { return actsUnchosen(program, &BackUp::but_gen_rpt_Click); },
      "Select Backup Path ...", "Select Backup File Path and then Click Create Backup Button..."},
-    {"restore_without_file",
-     [](Program& program) {
-         Restore form(program);
-         form.Form_Load();
-         bool acted = false;
-         form.unload = [&] { acted = true; };
-         form.CMD_RESTORE_Click();
-         return acted || form.Label3Visible || form.ProgressBar1Visible;
-     },
+    {"restore_without_file", [](Program& program) { return actsUnchosen(program, &Restore::CMD_RESTORE_Click); },
      "Select Path ...", "Select Backup File Path and then Click Restore Button..."},
 };
 
@@ -345,32 +342,26 @@ struct StageCase {
     const char* name;
     QString working;
     QString last;
-    std::function<std::vector<Shown>(BackupRestore&)> run;
+    bool restore;  // else the backup
 };
 
-class Stages : public BackupRestore, public testing::WithParamInterface<StageCase> {
-public:
-    std::vector<Shown> runBackup() {
-        std::vector<Shown> shown;
+class Stages : public BackupRestore, public testing::WithParamInterface<StageCase> {};
+
+TEST_P(Stages, ShowTheStageAndRisingProgress) {
+    std::vector<Shown> shown;
+    const auto seen = [&](auto& form) {
+        shown.push_back({form.Label3Visible && form.ProgressBar1Visible, form.Label3, form.ProgressBar1});
+    };
+    if (GetParam().restore) {
+        backUp(backups());
+        restore(*m_source, backupFile(), seen);
+    } else {
         backUp(backups(), [&](BackUp& form) {
-            shown.push_back({form.Label3Visible && form.ProgressBar1Visible, form.Label3, form.ProgressBar1});
+            seen(form);
             // Escape is not taken while the backup runs.
             form.Form_KeyDown(BackUp::kEscapeKey);
         });
-        return shown;
     }
-    std::vector<Shown> runRestore() {
-        backUp(backups());
-        std::vector<Shown> shown;
-        restore(*m_source, backupFile(), [&](Restore& form) {
-            shown.push_back({form.Label3Visible && form.ProgressBar1Visible, form.Label3, form.ProgressBar1});
-        });
-        return shown;
-    }
-};
-
-TEST_P(Stages, ShowTheStageAndRisingProgress) {
-    const std::vector<Shown> shown = GetParam().run(*this);
     ASSERT_GE(shown.size(), 12u);
     // Bar and stage show before the first percentage comes.
     EXPECT_TRUE(shown.front().visible);
@@ -385,13 +376,10 @@ TEST_P(Stages, ShowTheStageAndRisingProgress) {
     EXPECT_EQ(shown.back().percent, 100);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Screens, Stages,
-    testing::Values(StageCase{"backup", BackUp::kCompressing, BackUp::kSaving,
-                              [](BackupRestore& test) { return static_cast<Stages&>(test).runBackup(); }},
-                    StageCase{"restore", Restore::kUncompressing, Restore::kRestoring,
-                              [](BackupRestore& test) { return static_cast<Stages&>(test).runRestore(); }}),
-    CaseName());
+INSTANTIATE_TEST_SUITE_P(Screens, Stages,
+                         testing::Values(StageCase{"backup", BackUp::kCompressing, BackUp::kSaving, false},
+                                         StageCase{"restore", Restore::kUncompressing, Restore::kRestoring, true}),
+                         CaseName());
 
 TEST_F(BackupRestore, SelPathStartsOnTheStartDriveAndHandsItsFolderOver) {
     BackUp backUpForm(*m_source->program);

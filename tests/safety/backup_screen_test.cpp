@@ -133,15 +133,18 @@ private Q_SLOTS:
         QCOMPARE(screen.findChild<QLineEdit*>(QStringLiteral("Text2"))->text(), backups);
     }
 
+    // The backup from the frame's menu closes its child window when it is done.
     void backupAndRestoreThroughTheScreens() {
         const QString backups = path(QStringLiteral("backups"));
-        auto* backUp = new FRM_BACK_UP(*m_folder->program);
-        backUp->setAttribute(Qt::WA_DeleteOnClose);
-        backUp->show();
+        MDIForm1View frame(*m_folder->program);
+        frame.show();
+        frame.action(QStringLiteral("mnu_backup"))->trigger();
+        const QPointer<QMdiSubWindow> holder = frame.mdiArea()->activeSubWindow();
+        QVERIFY(holder);
+        QWidget* backUp = holder->widget();
         QTest::keyClicks(backUp->findChild<QLineEdit*>(QStringLiteral("Text2")), backups);
-        QPointer<FRM_BACK_UP> open(backUp);
         QTest::mouseClick(backUp->findChild<QPushButton*>(QStringLiteral("but_gen_rpt")), Qt::LeftButton);
-        QTRY_VERIFY(open.isNull());
+        QTRY_VERIFY(holder.isNull());
         const QString file = QDir(backups).filePath(BackUp::kFileName);
         QVERIFY(QFileInfo::exists(file));
 
@@ -191,19 +194,6 @@ private Q_SLOTS:
         QVERIFY(child);
         QCOMPARE(child->widget()->objectName(), screen);
         QVERIFY(child->isVisible());
-    }
-
-    void finishedBackupClosesItsChildWindow() {
-        MDIForm1View frame(*m_folder->program);
-        frame.show();
-        frame.action(QStringLiteral("mnu_backup"))->trigger();
-        const QPointer<QMdiSubWindow> holder = frame.mdiArea()->activeSubWindow();
-        QVERIFY(holder);
-        QWidget* screen = holder->widget();
-        QCOMPARE(screen->objectName(), QStringLiteral("FRM_BACK_UP"));
-        QTest::keyClicks(screen->findChild<QLineEdit*>(QStringLiteral("Text2")), path(QStringLiteral("backups")));
-        QTest::mouseClick(screen->findChild<QPushButton*>(QStringLiteral("but_gen_rpt")), Qt::LeftButton);
-        QTRY_VERIFY(holder.isNull());
     }
 
 private:

@@ -50,30 +50,19 @@ inline QByteArray unpacked(QByteArray bytes) {
     return bytes;
 }
 
-inline std::optional<VbError> unpackError(const QByteArray& bytes) {
-    return raised([&] { unpacked(bytes); });
-}
-
 inline const QString kIdentificationError =
     QStringLiteral("The data either was not compressed with HE3 or is corrupt (identification string not found)");
 inline const QString kChecksumError =
     QStringLiteral("The data might be corrupted (checksum did not match expected value)");
 constexpr int kObjectError = -2147221504;
 
-inline void expectIdentificationError(const QByteArray& bytes) {
-    const auto error = unpackError(bytes);
+// Unpacking `bytes` raises the coder's object error from `source` with `description`.
+inline void expectUnpackError(const QByteArray& bytes, const char* source, const QString& description) {
+    const auto error = raised([&] { unpacked(bytes); });
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->number(), kObjectError);
-    EXPECT_EQ(error->source(), QStringLiteral("HuffmanDecode()"));
-    EXPECT_EQ(error->description(), kIdentificationError);
-}
-
-inline void expectChecksumError(const QByteArray& bytes) {
-    const auto error = unpackError(bytes);
-    ASSERT_TRUE(error.has_value());
-    EXPECT_EQ(error->number(), kObjectError);
-    EXPECT_EQ(error->source(), QStringLiteral("clsHuffman.Decode()"));
-    EXPECT_EQ(error->description(), kChecksumError);
+    EXPECT_EQ(error->source(), QString::fromLatin1(source));
+    EXPECT_EQ(error->description(), description);
 }
 
 inline QByteArray testData(const QString& name) {

@@ -15,9 +15,17 @@
 namespace ostravel::test {
 namespace {
 
+const QDate kLongAfter(2030, 1, 1);
+
 class SimulationRunTest : public SimulationTest {
 protected:
     RunOutcome run() { return runsimulation(m_program); }
+    // A run over the days of these closes, from the first on.
+    RunOutcome runOn(const std::vector<double>& closes) {
+        days(closes);
+        period(day(1), kLongAfter);
+        return run();
+    }
     QString narrativeText() {
         return narrative(m_program, QStringLiteral("Test Limited"), [](const VbError&) {});
     }
@@ -28,8 +36,6 @@ protected:
         return values;
     }
 };
-
-const QDate kLongAfter(2030, 1, 1);
 
 TEST_F(SimulationRunTest, OneRuleACase) {
     struct Case {
@@ -155,9 +161,7 @@ TEST_F(SimulationRunTest, OneRuleACase) {
 }
 
 TEST_F(SimulationRunTest, ABeginDateAfterTheLastDayKeepsTheLastRun) {
-    days({50, 65, 40});
-    period(day(1), kLongAfter);
-    run();
+    runOn({50, 65, 40});
     const QString profit = field(QStringLiteral("lblpcaresult"));
     period(day(4), kLongAfter);
     EXPECT_EQ(run(), RunOutcome::NotComplete);
@@ -201,26 +205,20 @@ TEST_F(SimulationRunTest, StoppedRunEndsOnTheDaysDone) {
 }
 
 TEST_F(SimulationRunTest, KeptLastDayOfTheTableNeverSimulated) {
-    days({100, 100, 100});
-    period(day(1), kLongAfter);
-    run();
+    runOn({100, 100, 100});
     EXPECT_EQ(column(QStringLiteral("select date from compare")),
               (QStringList{QStringLiteral("01/01/2021"), QStringLiteral("02/01/2021")}));
 }
 
 TEST_F(SimulationRunTest, KeptCompareAddsUpAfterARunWithoutTrades) {
-    days({100, 100, 100});
-    period(day(1), kLongAfter);
-    run();
+    runOn({100, 100, 100});
     run();
     EXPECT_EQ(rows(QStringLiteral("compare")), 4);
 }
 
 TEST_F(SimulationRunTest, KeptBeginningSharesOverwrittenByEachRun) {
     m_program.store().database().execute(QStringLiteral("update users set BeginningShares = 777"));
-    days({100, 100});
-    period(day(1), kLongAfter);
-    run();
+    runOn({100, 100});
     EXPECT_EQ(scalar(m_program.store().database(), QStringLiteral("select BeginningShares from users")).toInt(), 500);
 }
 
@@ -261,10 +259,8 @@ TEST_F(SimulationRunTest, KeptNarrativeWordsWhicheverWayTheFiguresGo) {
 }
 
 // The trades of DaysOfARun of the rule's own tests: a sale of 65 at 130, a purchase of 146 at 80.
-TEST_F(SimulationRunTest, FiguresOfBothInvestorsAfterARun) {
-    days({100, 130, 80, 90, 90});
-    period(day(1), kLongAfter);
-    run();
+TEST_F(SimulationRunTest, FiguresOfBothInvestorsAndTheTradeHistoryAfterARun) {
+    runOn({100, 130, 80, 90, 90});
     const std::optional<RunMetrics> m = runMetrics(m_program);
     ASSERT_TRUE(m);
     // The rule's wealth after each day's trade: 100000, 58450 + 435 x 130, 46770 + 581 x 80, and
@@ -291,12 +287,8 @@ TEST_F(SimulationRunTest, FiguresOfBothInvestorsAfterARun) {
         wealthCsv(*m).startsWith("Date,Buy and Hold,Ostravel,Shares traded,Price\n"
                                  "2021-01-01,100000.00,100000.00,,\n"
                                  "2021-01-02,130000.00,115000.00,-65,130\n"));
-}
 
-TEST_F(SimulationRunTest, TradeHistoryShowsTheRunUnderSimulation) {
-    days({100, 130, 80, 90, 90});
-    period(day(1), kLongAfter);
-    run();
+    // The trade history shows the run under Simulation.
     m_program.frame().cmbportfolio.text = MainFrame::kSimulation;
     FrmTradeHistory& view = m_program.module<FrmTradeHistory>();
     view.load();
@@ -313,9 +305,7 @@ TEST_F(SimulationRunTest, TradeHistoryShowsTheRunUnderSimulation) {
 }
 
 TEST_F(SimulationRunTest, KeptTradeHistoryGrowsBothGrids) {
-    days({100, 100, 100});
-    period(day(1), kLongAfter);
-    run();
+    runOn({100, 100, 100});
     m_program.frame().cmbportfolio.text = MainFrame::kSimulation;
     FrmTradeHistory& view = m_program.module<FrmTradeHistory>();
     view.load();

@@ -48,7 +48,7 @@ private Q_SLOTS:
     void init() { QVERIFY(openProgram()); }
     void cleanup() { closeProgram(); }
 
-    void runFillsTheEquityManagerAndItsResults() {
+    void runFillsTheEquityManagerItsResultsAndTheTradeHistory() {
         stock(QStringLiteral("TATAMOTORS.csv"), QStringLiteral("TMPV"));
         MDIForm1View frame(*m_program);
         frame.show();
@@ -74,6 +74,17 @@ private Q_SLOTS:
         QFile written(csv + QStringLiteral(".csv"));
         QVERIFY(written.open(QIODevice::ReadOnly));
         QCOMPARE(written.readAll().count('\n'), 249);
+
+        // The trade history of the run opens from the menu, the prices' grid below the trades'.
+        frame.action(QStringLiteral("ViewHistoricaldata"))->trigger();
+        auto* view = frame.findChild<QWidget*>(QStringLiteral("frmtradehistory"));
+        QVERIFY(view);
+        auto* prices = view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid2"));
+        QCOMPARE(prices->columnCount(), 7);
+        QCOMPARE(prices->item(0, 1)->text(), QStringLiteral("19/10/2021"));
+        QVERIFY(view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"))->item(0, 2));
+        QVERIFY(prices->geometry().top() >
+                view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"))->geometry().bottom());
     }
 
     void stopEndsTheRunOnTheDaysDone() {
@@ -90,22 +101,6 @@ private Q_SLOTS:
                  qPrintable(m_program->frame().panel6));
         QVERIFY(!frame.findChild<QPushButton*>(QStringLiteral("simulationStop")));
         QVERIFY(frame.findChild<QPushButton*>(QStringLiteral("cdmrunsimulation"))->isEnabled());
-    }
-
-    void tradeHistoryOpensFromTheMenuWithBothGrids() {
-        stock(QStringLiteral("TATAMOTORS.csv"), QStringLiteral("TMPV"));
-        MDIForm1View frame(*m_program);
-        frame.show();
-        runSimulation(frame);
-        frame.action(QStringLiteral("ViewHistoricaldata"))->trigger();
-        auto* view = frame.findChild<QWidget*>(QStringLiteral("frmtradehistory"));
-        QVERIFY(view);
-        auto* prices = view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid2"));
-        QCOMPARE(prices->columnCount(), 7);
-        QCOMPARE(prices->item(0, 1)->text(), QStringLiteral("19/10/2021"));
-        QVERIFY(view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"))->item(0, 2));
-        QVERIFY(prices->geometry().top() >
-                view->findChild<QTableWidget*>(QStringLiteral("MSFlexGrid1"))->geometry().bottom());
     }
 };
 

@@ -50,38 +50,6 @@ INSTANTIATE_TEST_SUITE_P(
         Position{"compare", 1, "BuyHoldValue"}, Position{"compare", 2, "ControlValue"},
         Position{"compare", 3, "EquitySymbol"}));
 
-struct NamedColumns {
-    const char* table;
-    std::vector<const char*> columns;
-};
-
-class TableColumns : public ::testing::TestWithParam<NamedColumns> {};
-
-// Every column the program names, in any of its spellings.
-TEST_P(TableColumns, AreAllThere) {
-    ScratchDatabase store;
-    const auto recordset = store.db.openRecordset(QString::fromLatin1(GetParam().table));
-    QStringList names;
-    for (int i = 0; i < recordset->fieldCount(); ++i) names << recordset->fieldName(i).toLower();
-    for (const char* column : GetParam().columns)
-        EXPECT_TRUE(names.contains(QString::fromLatin1(column).toLower())) << GetParam().table << "." << column;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Schema, TableColumns,
-    ::testing::Values(NamedColumns{"users",
-                                   {"BeginningCash", "QuoteDL", "HistoryDL", "HistoryDl", "SecondsForQuote", "QUICK",
-                                    "MinTradebuy", "Buyfee", "sellFee"}},
-                      NamedColumns{"equity",
-                                   {"fkUserID", "portname", "EquityStartDate", "PortControl", "cps", "LastTradePrice",
-                                    "NextBuyPrice", "NextBuyShares", "NextSellPrice", "NextSellShares", "LastUpdated",
-                                    "peratio", "eps", "div", "volume", "pkequityid", "Currentshares"}},
-                      NamedColumns{"trades",
-                                   {"EquitySymbol", "TradeDate", "Tradedshares", "PricePerShare", "Commission",
-                                    "Buyselltype", "tradedate", "buyselltype"}},
-                      NamedColumns{"qoutense", {"symbol"}}, NamedColumns{"NiftyQuote", {}},
-                      NamedColumns{"niftyquote", {}}, NamedColumns{"bank", {}}, NamedColumns{"transaction", {}}));
-
 TEST(Schema, NewFileHasTheOneUsersRowOfDefaults) {
     ScratchDatabase store;
     const auto users = store.db.openRecordset(QStringLiteral("users"));
