@@ -113,9 +113,7 @@ FrmDrawingToolsForm::FrmDrawingToolsForm(Program& program, CDrawingToolschart& t
     layout->addWidget(picContainer);
     layout->addWidget(settings);
 
-    m_state->owner = this;
-    m_state->unload = [this] { accept(); };
-    m_state->Form_Load();
+    loadInto(this, *m_state);
     refresh();
 }
 

@@ -82,9 +82,7 @@ FrmIndicatorsForm::FrmIndicatorsForm(Program& program, QWidget* parent)
     layout->addWidget(m_Frame1);
     layout->addLayout(buttons);
 
-    m_state->owner = this;
-    m_state->unload = [this] { accept(); };
-    m_state->Form_Load();
+    loadInto(this, *m_state);
     refresh();
     m_list->setFocus();
 }

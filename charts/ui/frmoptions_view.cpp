@@ -124,9 +124,7 @@ FrmOptionsForm::FrmOptionsForm(FrmMain& chart, std::function<void()> chartChange
     layout->addLayout(top);
     layout->addLayout(buttons);
 
-    m_state->owner = this;
-    m_state->unload = [this] { accept(); };
-    m_state->Form_Load();
+    loadInto(this, *m_state);
     refresh();
 }
 
